@@ -1,0 +1,31 @@
+// The two ways in which a number loses its fraction.
+//
+// Wherever a value becomes an integer it goes to the nearest one, ties to the even one. A number shown through a text
+// format ("0", "0.0", "0.000") rounds ties away from zero instead.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+namespace ecg {
+
+// Nearest integer, ties to even. The default rounding mode of the machine is never changed by this program.
+inline double RoundHalfEven(double value)
+{
+    return std::nearbyint(value);
+}
+
+inline std::int32_t RoundToInt(double value)
+{
+    return static_cast<std::int32_t>(std::nearbyint(value));
+}
+
+// Decimal text with `decimals` digits behind the point (0 to 9), ties away from zero: FormatDecimal(0.25, 1) is
+// "0.3". A value too large for 18 digits, or not a number, gives "".
+std::string FormatDecimal(double value, int decimals);
+
+// `value` with at least `width` digits: FormatZeros(7, 2) is "07".
+std::string FormatZeros(std::int64_t value, int width);
+
+}  // namespace ecg

@@ -1,0 +1,73 @@
+// The one state that all windows read and leave results in. `app/` makes it and passes it by reference.
+#pragma once
+
+#include "core/DataFolder.h"
+#include "core/Language.h"
+#include "core/Settings.h"
+#include "core/formats/CommRecord.h"
+#include "core/formats/PatientRecord.h"
+#include "core/formats/RecordHeader.h"
+#include "core/formats/SysInfo.h"
+
+#include <array>
+#include <string>
+
+namespace ecg {
+
+// Counts of a millivolt in every drawn trace, live and in review: 20 mm of 11.3 counts. Measurement has its own scale.
+inline constexpr float CountsPerMv = 226.0F;
+
+enum class ExamState : Byte { Waiting = 0, Ready = 1, Sampling = 2 };
+
+struct SharedState {
+    ecg::Folders Folders;
+
+    ecg::SysInfo SysInfo;
+    std::string DoctorName;  // selected at start-up; empty: the program ends
+
+    Byte DevicePort = 0;           // port of the box, 1 to 16; 0 = no box
+    bool KeepStreaming = false;    // leaving the main window keeps the stream
+    ecg::ExamState ExamState = ExamState::Waiting;
+    std::int32_t WilsonSamples = 0;  // frames of this examination
+    std::int32_t FrankSamples = 0;
+    std::int32_t SampledFrames = 0;  // frames written in this sampling
+    std::int32_t RecordNo = 0;       // next slot of the sample file
+
+    PatientRecord CurrentPatient;
+    PatientRecord ReferencePatient;  // of a record chosen for comparison
+    RecordHeader CurrentHeader;
+    std::string RecordPath;   // record in review, from the data folder on, with backslashes
+    Byte RecordOpenMode = 0;  // 1 the record came from acquisition, 0 from the database window
+
+    // How the window opened next is to behave.
+    int HelpContext = 0;
+    int PatInputMode = 0;
+    int PatWindowMode = 0;
+    int EventMode = 0;
+
+    CommRecord MailBox;
+
+    // Arguments and results of `frmMsg`, UTF-8.
+    std::string MsgTitle;
+    std::array<std::string, 5> MsgLines;
+    std::string MsgButtons;  // "Yes", "YesNo" or "YesNoCancel"
+    bool MsgShowText = false;
+    std::string MsgDefaultText;
+    Byte MsgResult = 0;  // index of the button pressed
+    std::string MsgInputText;
+
+    Colour PrintGrid5mm;
+    Colour PrintGrid1mm;
+
+    bool Chinese() const { return IsChinese(SysInfo); }
+    std::filesystem::path SettingsFile() const { return Folders.Data / SettingsFileName; }
+
+    void DerivePrintColours()
+    {
+        const PrintColours colours = ecg::DerivePrintColours(SysInfo);
+        PrintGrid5mm = colours.Grid5mm;
+        PrintGrid1mm = colours.Grid1mm;
+    }
+};
+
+}  // namespace ecg
