@@ -39,4 +39,4 @@ inline constexpr std::array<Twin, ExaminationCount> Examinations{{{"常规心电
                                                                   {"高频心电", "HECG"},
                                                                   {"心晚电位", "VLP"}}};
 
-}  // namespace ecg::labels
+} // namespace ecg::labels

@@ -28,4 +28,4 @@ std::string FormatDecimal(double value, int decimals);
 // `value` with at least `width` digits: FormatZeros(7, 2) is "07".
 std::string FormatZeros(std::int64_t value, int width);
 
-}  // namespace ecg
+} // namespace ecg

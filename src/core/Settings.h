@@ -11,9 +11,9 @@ namespace ecg {
 inline constexpr const char* SettingsFileName = "Sysinfo.par";
 
 enum class FactoryGroup {
-    Sampling = 0,  // from `LeadSystem` to `SystemControlTime`
-    Report = 1,    // the print fields
-    Colours = 2,   // the six colours
+    Sampling = 0, // from `LeadSystem` to `SystemControlTime`
+    Report = 1,   // the print fields
+    Colours = 2,  // the six colours
     All = 3
 };
 
@@ -62,4 +62,4 @@ inline Colour ToColour(const Rgb& rgb)
     return {rgb.R, rgb.G, rgb.B};
 }
 
-}  // namespace ecg
+} // namespace ecg

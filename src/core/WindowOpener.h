@@ -22,4 +22,4 @@ public:
     virtual void PumpMessages() = 0;
 };
 
-}  // namespace ecg
+} // namespace ecg

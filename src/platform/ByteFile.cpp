@@ -1,9 +1,8 @@
 #include "platform/ByteFile.h"
 
 #include <cerrno>
-#include <string>
-
 #include <fcntl.h>
+#include <string>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -51,7 +50,7 @@ public:
 
     std::int64_t Size() override
     {
-        struct stat status{};
+        struct stat status {};
         return fstat(handle_, &status) == 0 && S_ISREG(status.st_mode) ? status.st_size : 0;
     }
 
@@ -71,7 +70,7 @@ void FlushFolder(const std::filesystem::path& folder)
     close(handle);
 }
 
-}  // namespace
+} // namespace
 
 std::unique_ptr<ByteFile> OpenFile(const std::filesystem::path& path, OpenMode mode)
 {
@@ -103,4 +102,4 @@ bool ReplaceFile(const std::filesystem::path& path, std::span<const std::byte> b
     return true;
 }
 
-}  // namespace ecg
+} // namespace ecg

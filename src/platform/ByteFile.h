@@ -27,8 +27,8 @@ public:
 };
 
 enum class OpenMode {
-    Read,       // the file must exist
-    ReadWrite,  // the file is made when it does not exist
+    Read,      // the file must exist
+    ReadWrite, // the file is made when it does not exist
 };
 
 // Opens a file of the disk; null when that fails.
@@ -38,4 +38,4 @@ std::unique_ptr<ByteFile> OpenFile(const std::filesystem::path& path, OpenMode m
 // crash leaves the one or the other. False when the old file stands unchanged.
 bool ReplaceFile(const std::filesystem::path& path, std::span<const std::byte> bytes);
 
-}  // namespace ecg
+} // namespace ecg

@@ -21,8 +21,10 @@ public:
     // How many waiting bytes raise the receive event; 0 turns the event off.
     virtual void SetReceiveThreshold(std::size_t bytes) = 0;
 
-    // Looks at the line, so that a caller that polls without an event loop sees bytes as they come.
     virtual std::size_t BytesWaiting() = 0;
+
+    // Waits up to `milliseconds` for more bytes, without letting other events run.
+    virtual void WaitForBytes(int milliseconds) = 0;
 
     // Takes all waiting bytes. The view holds until the next call on this port.
     virtual std::span<const std::uint8_t> Read() = 0;
@@ -38,4 +40,4 @@ public:
     virtual void SetHandlers(std::function<void()> received, std::function<void()> lost) = 0;
 };
 
-}  // namespace ecg
+} // namespace ecg

@@ -8,7 +8,7 @@ namespace {
 
 TEST(CodePage, ConvertsChineseBothWays)
 {
-    const std::string gbk = "\xD0\xC4\xB5\xE7 ECG";  // 心电 ECG
+    const std::string gbk = "\xD0\xC4\xB5\xE7 ECG"; // 心电 ECG
     EXPECT_EQ(Utf8FromGbk(gbk), "心电 ECG");
     EXPECT_EQ(GbkFromUtf8("心电 ECG"), gbk);
 }
@@ -44,16 +44,22 @@ TEST_P(DamagedGbk, ReadsAsQuestionMarksAndKeepsItsNeighbours)
 INSTANTIATE_TEST_SUITE_P(Bytes, DamagedGbk,
                          testing::Values(Damage{"lone_lead_at_the_end", "a\xD0", "a?"},
                                          Damage{"byte_80", "a\x80z", "a?z"}, Damage{"byte_ff", "\xFFz", "?z"},
-                                         Damage{"lead_before_a_digit", "\xD0" "1", "?1"},
-                                         Damage{"undefined_pair", "\xFE\xFE" "b", "?b"}),
+                                         Damage{"lead_before_a_digit",
+                                                "\xD0"
+                                                "1",
+                                                "?1"},
+                                         Damage{"undefined_pair",
+                                                "\xFE\xFE"
+                                                "b",
+                                                "?b"}),
                          [](const auto& test) { return test.param.name; });
 
 TEST(CodePage, WhatItLacksBecomesAQuestionMark)
 {
-    EXPECT_EQ(GbkFromUtf8("a\U0001F600b"), "a?b");  // an emoji is outside the code page
-    EXPECT_EQ(GbkFromUtf8("a\xC3"), "a?");          // malformed
+    EXPECT_EQ(GbkFromUtf8("a\U0001F600b"), "a?b"); // an emoji is outside the code page
+    EXPECT_EQ(GbkFromUtf8("a\xC3"), "a?");         // malformed
     EXPECT_EQ(GbkFromUtf8("\xE5\xBF z"), "?? z");
-    EXPECT_EQ(GbkFromUtf8("\xED\xA0\x80"), "?");    // half a surrogate pair is no character
+    EXPECT_EQ(GbkFromUtf8("\xED\xA0\x80"), "?"); // half a surrogate pair is no character
 }
 
 TEST(FixedText, NeverEndsInHalfACharacter)
@@ -73,5 +79,5 @@ TEST(FixedText, TrimsBlanksAndNulsAtItsEndOnly)
     EXPECT_TRUE(FixedText<9>().IsBlank());
 }
 
-}  // namespace
-}  // namespace ecg
+} // namespace
+} // namespace ecg

@@ -45,4 +45,4 @@ private:
     std::array<char, Width> bytes_;
 };
 
-}  // namespace ecg
+} // namespace ecg

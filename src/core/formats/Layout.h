@@ -18,8 +18,8 @@ static_assert(alignof(Int16) == 1 && alignof(Int32) == 1 && alignof(Float32) == 
 
 // What lets a record be read and written as its bytes.
 template <class Record, std::size_t Size>
-inline constexpr bool IsFixedRecord =
-    sizeof(Record) == Size && alignof(Record) == 1 && std::is_trivially_copyable_v<Record> &&
-    std::is_standard_layout_v<Record>;
+inline constexpr bool
+    IsFixedRecord = sizeof(Record) == Size &&
+                    alignof(Record) == 1 && std::is_trivially_copyable_v<Record>&& std::is_standard_layout_v<Record>;
 
-}  // namespace ecg
+} // namespace ecg

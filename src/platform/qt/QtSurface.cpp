@@ -1,0 +1,142 @@
+#include "platform/qt/QtSurface.h"
+
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace ecg {
+namespace {
+
+QColor ToQt(Colour colour)
+{
+    return {colour.R, colour.G, colour.B};
+}
+
+QString ToQt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// Fonts know whole pixels only, so text is set at this size and scaled to the height that is asked for.
+constexpr int typesetPixels = 64;
+
+QFont TypesetFont(const TextStyle& style)
+{
+    QFont font;
+    font.setPixelSize(typesetPixels);
+    font.setBold(style.Bold);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+double TypesetScale(const TextStyle& style, const QFontMetricsF& metrics)
+{
+    return style.Height / metrics.height();
+}
+
+} // namespace
+
+QtSurface::QtSurface(QPainter& painter, double width, double height, const Pictures& pictures)
+    : painter_(painter), width_(width), height_(height), pictures_(pictures)
+{
+    painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+}
+
+void QtSurface::Fill(const Rect& area, Colour colour)
+{
+    painter_.fillRect(QRectF(area.X, area.Y, area.Width, area.Height), ToQt(colour));
+}
+
+void QtSurface::Copy(const Surface& source, const Rect& area, Point to)
+{
+    const auto* images = dynamic_cast<const ImageSurface*>(&source);
+    if (images == nullptr)
+        return;
+    const double scale = images->Image().devicePixelRatio();
+    const QRectF from(area.X * scale, area.Y * scale, area.Width * scale, area.Height * scale);
+    painter_.drawImage(QRectF(to.X, to.Y, area.Width, area.Height), images->Image(), from);
+}
+
+QPen QtSurface::Pen(Colour colour) const
+{
+    QPen pen(ToQt(colour), penWidth_);
+    pen.setCapStyle(Qt::SquareCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    return pen;
+}
+
+void QtSurface::Line(Point from, Point to, Colour colour)
+{
+    painter_.setPen(Pen(colour));
+    painter_.drawLine(At(from), At(to));
+}
+
+void QtSurface::Polyline(std::span<const Point> points, Colour colour)
+{
+    std::vector<QPointF> path(points.size());
+    std::transform(points.begin(), points.end(), path.begin(), [this](Point point) { return At(point); });
+    painter_.setPen(Pen(colour));
+    painter_.drawPolyline(path.data(), static_cast<int>(path.size()));
+}
+
+void QtSurface::Arc(Point centre, double radius, double startDegrees, double spanDegrees, Colour colour)
+{
+    constexpr double steps = 16; // Qt counts sixteenths of a degree
+    const QPointF middle = At(centre);
+    painter_.setPen(Pen(colour));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawArc(QRectF(middle.x() - radius, middle.y() - radius, 2 * radius, 2 * radius),
+                     static_cast<int>(std::lround(startDegrees * steps)),
+                     static_cast<int>(std::lround(spanDegrees * steps)));
+}
+
+void QtSurface::Dot(Point centre, double diameter, Colour colour)
+{
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(ToQt(colour));
+    painter_.drawEllipse(At(centre), diameter / 2, diameter / 2);
+}
+
+void QtSurface::Text(Point at, std::string_view text, const TextStyle& style)
+{
+    const QFont font = TypesetFont(style);
+    const QFontMetricsF metrics(font);
+    const double scale = TypesetScale(style, metrics);
+    painter_.save();
+    painter_.translate(at.X, at.Y);
+    painter_.scale(scale, scale);
+    painter_.setFont(font);
+    painter_.setPen(ToQt(style.Ink));
+    painter_.drawText(QPointF(0, metrics.ascent()), ToQt(text));
+    painter_.restore();
+}
+
+double QtSurface::TextWidth(std::string_view text, const TextStyle& style) const
+{
+    const QFontMetricsF metrics(TypesetFont(style));
+    return metrics.horizontalAdvance(ToQt(text)) * TypesetScale(style, metrics);
+}
+
+void QtSurface::Picture(std::string_view name, const Rect& area)
+{
+    pictures_.Draw(painter_, ToQt(name), QRectF(area.X, area.Y, area.Width, area.Height));
+}
+
+ImageCanvas::ImageCanvas(int width, int height, double scale)
+    : Pixels(static_cast<int>(std::ceil(std::max(width, 1) * scale)),
+             static_cast<int>(std::ceil(std::max(height, 1) * scale)), QImage::Format_RGB32)
+{
+    Pixels.setDevicePixelRatio(scale);
+    Pixels.fill(Qt::black);
+    Painter.begin(&Pixels);
+}
+
+ImageSurface::ImageSurface(int width, int height, double scale, const Pictures& pictures)
+    : ImageCanvas(width, height, scale), QtSurface(Painter, std::max(width, 1), std::max(height, 1), pictures)
+{
+    SetPixelCentres(0.5);
+}
+
+} // namespace ecg

@@ -1,0 +1,85 @@
+#include "platform/qt/Style.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QWidget>
+
+namespace ecg::style {
+namespace {
+
+constexpr const char* sheet = R"(
+QToolTip { background: #f6f8ee; color: #262e1c; border: 1px solid #262e1c; padding: 4px; }
+QPushButton {
+    background: #d6ddb8; color: #262e1c; border: 1px solid #55603c; border-radius: 4px;
+    padding: 5px 16px; min-height: 20px;
+}
+QPushButton:hover { background: #e4e9cf; }
+QPushButton:focus { border: 2px solid #185c60; padding: 4px 15px; }
+QPushButton:pressed { background: #9ea876; border: 2px solid #262e1c; padding: 5px 14px 3px 16px; }
+QPushButton:disabled { background: #bec798; color: #545c3e; border: 1px dashed #7d8660; }
+QLineEdit, QPlainTextEdit, QTextEdit, QListView {
+    background: #f6f8ee; color: #262e1c; border: 1px solid #7d8660; border-radius: 3px; padding: 3px 5px;
+    selection-background-color: #185c60; selection-color: white;
+}
+QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QListView:focus { border: 2px solid #185c60; padding: 2px 4px; }
+QLineEdit:disabled { background: #cdd4ad; color: #545c3e; border: 1px dashed #7d8660; }
+QListView::item { padding: 2px; }
+QListView::item:selected { background: #185c60; color: white; }
+QGroupBox { border: 1px solid #7d8660; border-radius: 4px; margin-top: 10px; padding: 12px 8px 8px 8px; }
+QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 4px; font-weight: bold; }
+QTabWidget::pane { border: 1px solid #7d8660; border-radius: 4px; top: -1px; }
+QTabBar::tab {
+    background: #aeb788; color: #262e1c; border: 1px solid #7d8660; border-bottom: none; padding: 7px 20px;
+    border-top-left-radius: 4px; border-top-right-radius: 4px; margin-right: 2px;
+}
+QTabBar::tab:selected { background: #bec798; font-weight: bold; margin-bottom: -1px; }
+QTabBar::tab:hover:!selected { background: #d6ddb8; }
+QTabBar::tab:focus { border: 2px solid #185c60; }
+)";
+
+QPalette ClinicalPalette()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, Panel);
+    palette.setColor(QPalette::WindowText, Ink);
+    palette.setColor(QPalette::Base, Field);
+    palette.setColor(QPalette::AlternateBase, PanelLight);
+    palette.setColor(QPalette::Text, Ink);
+    palette.setColor(QPalette::Button, PanelLight);
+    palette.setColor(QPalette::ButtonText, Ink);
+    palette.setColor(QPalette::Highlight, Accent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, InkDim);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, InkDim);
+    return palette;
+}
+
+} // namespace
+
+void Apply(QApplication& application)
+{
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(ClinicalPalette());
+    QFont font;
+    font.setFamilies({"Noto Sans CJK SC", "Source Han Sans SC", "WenQuanYi Micro Hei", "Noto Sans"});
+    font.setPixelSize(TextPixels);
+    QApplication::setFont(font);
+    application.setStyleSheet(sheet);
+}
+
+void SetTextSize(QWidget& widget, int pixels, bool bold)
+{
+    QFont font = widget.font();
+    font.setPixelSize(pixels);
+    font.setBold(bold);
+    widget.setFont(font);
+}
+
+void SetHandCursor(QWidget& widget)
+{
+    widget.setCursor(Qt::PointingHandCursor);
+}
+
+} // namespace ecg::style

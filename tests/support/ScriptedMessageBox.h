@@ -1,0 +1,29 @@
+// Answers every message with `Answer` and keeps what was shown.
+#pragma once
+
+#include "platform/MessageBox.h"
+
+#include <string>
+#include <vector>
+
+namespace ecg {
+
+class ScriptedMessageBox final : public MessageBox {
+public:
+    struct Message {
+        std::string Text;
+        std::string Title;
+        MessageButtons Buttons;
+    };
+
+    bool Show(std::string_view text, std::string_view title, MessageButtons buttons) override
+    {
+        Shown.push_back({std::string(text), std::string(title), buttons});
+        return Answer;
+    }
+
+    bool Answer = true;
+    std::vector<Message> Shown;
+};
+
+} // namespace ecg
