@@ -6,16 +6,15 @@
 namespace ecg {
 namespace {
 
-constexpr std::int32_t smallestMaximum = 30;  // counts; below it a signal is flat
+constexpr std::int32_t smallestMaximum = 30; // counts; below it a signal is flat
 constexpr int refractoryFrames = 125;
 constexpr int silenceFrames = 1000;
 
-}  // namespace
+} // namespace
 
 RunningMaximum::RunningMaximum(std::size_t count, std::int32_t lowest)
     : leaves_(std::bit_ceil(std::max<std::size_t>(count, 2))), tree_(2 * leaves_, lowest)
-{
-}
+{}
 
 void RunningMaximum::Set(std::size_t position, std::int32_t value)
 {
@@ -49,7 +48,8 @@ void BeatDetector::UpdateRise(std::size_t position)
 
 BeatDetector::Result BeatDetector::DetectBeat(const Frame& frame, int heartChannel)
 {
-    const std::size_t channel = heartChannel >= 0 && heartChannel < ChannelCount ? static_cast<std::size_t>(heartChannel) : 0;
+    const std::size_t channel =
+        heartChannel >= 0 && heartChannel < ChannelCount ? static_cast<std::size_t>(heartChannel) : 0;
     if (channel != channel_)
         Watch(channel);
     const std::int32_t maxSlope = std::max(rises_.Largest(), smallestMaximum);
@@ -77,4 +77,4 @@ BeatDetector::Result BeatDetector::DetectBeat(const Frame& frame, int heartChann
     return result;
 }
 
-}  // namespace ecg
+} // namespace ecg

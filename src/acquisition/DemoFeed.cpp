@@ -10,10 +10,10 @@
 namespace ecg {
 namespace {
 
-constexpr std::int64_t framesPerTick = 500;  // at the most, so that a long pause does not hold up the windows
+constexpr std::int64_t framesPerTick = 500; // at the most, so that a long pause does not hold up the windows
 
 constexpr double wanderCounts = 250;
-constexpr double wanderFrames = 1500;  // 3 seconds
+constexpr double wanderFrames = 1500; // 3 seconds
 constexpr double pi = 3.1415926;
 
 Frame ZeroFrame()
@@ -38,7 +38,7 @@ void AddLimbLeads(Frame& frame)
         Assign(frame[i], RoundHalfEven(frame[i] + limbs) - ZeroLevel);
 }
 
-}  // namespace
+} // namespace
 
 const char* DemoFeed::FileName(LeadSystem system)
 {
@@ -126,4 +126,4 @@ void DemoFeed::AddWander(Frame& frame)
         Assign(channel, RoundHalfEven(static_cast<double>(channel) + static_cast<double>(w)));
 }
 
-}  // namespace ecg
+} // namespace ecg

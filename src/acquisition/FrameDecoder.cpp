@@ -22,11 +22,22 @@ constexpr int endPos = 32;
 
 constexpr int notReported = -1;
 
-}  // namespace
+} // namespace
 
 FrameDecoder::FrameDecoder(FrameSink& sink) : sink_(sink)
 {
+    Restart(0);
+}
+
+void FrameDecoder::Restart(std::uint8_t streamKey)
+{
+    streamKey_ = streamKey;
+    framePos_ = 0;
+    frameIsStatus_ = false;
+    curFrame_ = {};
     leadOff_.fill(electrodeUnknown);
+    lastLeadOff_ = {};
+    filterState_ = {};
     reportedState_.fill(notReported);
 }
 
@@ -156,4 +167,4 @@ void FrameDecoder::TakeElectrodeFlag(bool off)
     }
 }
 
-}  // namespace ecg
+} // namespace ecg

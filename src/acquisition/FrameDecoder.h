@@ -32,17 +32,17 @@ public:
     virtual ~FrameSink() = default;
 
     virtual void OnFrame(const Frame& frame) = 0;
-    virtual void OnElectrode(std::size_t electrode, bool off) = 0;  // 0 to 9: four limbs, then V1 to V6
+    virtual void OnElectrode(std::size_t electrode, bool off) = 0; // 0 to 9: four limbs, then V1 to V6
     virtual void OnFilterState(wire::Filter filter, int code) = 0;
-    virtual void OnReconnect() = 0;  // an electrode that was off is on again
+    virtual void OnReconnect() = 0; // an electrode that was off is on again
 };
 
 class FrameDecoder {
 public:
     explicit FrameDecoder(FrameSink& sink);
 
-    // The key of the stream; 0 leaves the bytes as they are.
-    void SetStreamKey(std::uint8_t key) { streamKey_ = key; }
+    // Begins a stream of its own: nothing is known of the electrodes and filters. Key 0 leaves the bytes as they are.
+    void Restart(std::uint8_t streamKey);
 
     // Decides which channels a missing electrode blanks.
     void SetLeadSystem(LeadSystem system) { leadSystem_ = system; }
@@ -76,4 +76,4 @@ private:
     std::array<int, wire::FilterCount> reportedState_;
 };
 
-}  // namespace ecg
+} // namespace ecg

@@ -5,12 +5,13 @@
 namespace ecg {
 namespace {
 
-constexpr std::array<float, 3> columnStep{10.0F, 5.0F, 2.5F};  // frames a column, by speed index
-constexpr std::size_t alternatingSpeed = 2;                    // 50 mm/s
+constexpr std::array<float, 3> columnStep{10.0F, 5.0F, 2.5F}; // frames a column, by speed index
+constexpr std::size_t alternatingSpeed = 2;                   // 50 mm/s
 constexpr int shortStep = 2;
 constexpr int longStep = 3;
+constexpr int framesPerTimeLabel = 100;
 
-}  // namespace
+} // namespace
 
 void FramePath::ProcessWilsonFrame(const Frame& frame)
 {
@@ -45,8 +46,20 @@ RecordSample FramePath::Take(LeadSystem system, const Frame& frame)
         sink_.OnSilence();
     }
     if (state_.ExamState == ExamState::Sampling)
-        sink_.OnSample(system, result.Marked);
+        TakeSample(system, result.Marked);
     return result.Marked;
+}
+
+void FramePath::TakeSample(LeadSystem system, const RecordSample& sample)
+{
+    ++state_.SampledFrames;
+    if (state_.SampledFrames % framesPerTimeLabel == 0)
+        sink_.OnSampledTime(system, state_.SampledFrames);
+    if (sampling_ == nullptr)
+        return;
+    sampling_->WriteSample(state_.RecordNo++, sample);
+    if (state_.SysInfo.SystemControlTime == 1 && state_.SampledFrames >= state_.SysInfo.SampleLimit)
+        sampling_->LimitReached();
 }
 
 bool FramePath::IsWilsonColumn()
@@ -73,4 +86,4 @@ void FramePath::Draw(LeadSystem system, const RecordSample& sample)
     sink_.OnColumn(system, sample, std::exchange(own.BeatFlag, false));
 }
 
-}  // namespace ecg
+} // namespace ecg

@@ -15,7 +15,7 @@ inline std::array<float, 12> DeriveWilsonLeads(const Frame& frame)
     const int c1 = frame[1];
     const auto f0 = static_cast<float>(c0);
     const auto f1 = static_cast<float>(c1);
-    std::array<float, 12> leads{static_cast<float>(c0 - c1), f0 - zero,         f1 - zero, f1 / 2 - f0 + zero / 2,
+    std::array<float, 12> leads{static_cast<float>(c0 - c1), f0 - zero,           f1 - zero, f1 / 2 - f0 + zero / 2,
                                 f0 / 2 - f1 + zero / 2,      (f0 + f1) / 2 - zero};
     for (std::size_t i = 6; i < leads.size(); ++i)
         leads[i] = static_cast<float>(frame[i - 4]) - zero;
@@ -30,4 +30,4 @@ inline std::array<float, 3> DeriveFrankLeads(const Frame& frame)
             static_cast<float>(frame[2]) - zero};
 }
 
-}  // namespace ecg
+} // namespace ecg

@@ -12,7 +12,7 @@ constexpr int captionDrop = 4;   // pixels from the trace down to its caption
 constexpr double tickLength = 5; // pixels
 constexpr Colour beatRed{255, 0, 0};
 
-constexpr std::array<float, 3> gainScale{11.3F, 5.65F, 2.825F};  // counts a pixel, by gain index
+constexpr std::array<float, 3> gainScale{11.3F, 5.65F, 2.825F}; // counts a pixel, by gain index
 
 // The calibration pulse at the start of every sweep, by column.
 constexpr int pulseRise = 8;
@@ -24,7 +24,7 @@ int ToInt(double value)
     return RoundToInt(value);
 }
 
-}  // namespace
+} // namespace
 
 void LiveDisplay::UseSurfaces(Surface& grid, Surface& trace)
 {
@@ -67,7 +67,8 @@ void LiveDisplay::LayoutLeadRows()
             view_.MoveLeadCaption(LeadSystem::Wilson, lead, hidden++ * CaptionWidth, height - CaptionHeight);
     }
     for (std::size_t lead = 0; lead < vecPrev_.size(); ++lead)
-        view_.MoveLeadCaption(LeadSystem::Frank, lead, 0, ToInt(static_cast<double>(lead + 1) * height / 4) + captionDrop);
+        view_.MoveLeadCaption(LeadSystem::Frank, lead, 0,
+                              ToInt(static_cast<double>(lead + 1) * height / 4) + captionDrop);
     ResetSweep();
 }
 
@@ -160,4 +161,4 @@ Colour LiveDisplay::PickTraceColour(ExamState state, bool resetting) const
     return ToColour(state == ExamState::Sampling ? settings_.TraceSave : settings_.TraceWatch);
 }
 
-}  // namespace ecg
+} // namespace ecg

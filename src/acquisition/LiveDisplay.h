@@ -30,8 +30,8 @@ public:
 class LiveDisplay {
 public:
     static constexpr int PixelsPerMm = 4;
-    static constexpr int CaptionWidth = 26;   // pixels; hidden leads stand this far apart
-    static constexpr int CaptionHeight = 11;  // pixels that a hidden lead's caption stands above the lower edge
+    static constexpr int CaptionWidth = 26;  // pixels; hidden leads stand this far apart
+    static constexpr int CaptionHeight = 11; // pixels that a hidden lead's caption stands above the lower edge
 
     LiveDisplay(const SysInfo& settings, LiveDisplayView& view) : settings_(settings), view_(view) {}
 
@@ -42,6 +42,9 @@ public:
     void DrawGrid();
     void LayoutLeadRows();
     void ResetSweep();
+
+    // The next column is the first; what stands on the screen stays until it is swept over.
+    void RewindSweep() { sweepX_ = 0; }
 
     // One column of a frame; a red tick at the top marks a beat.
     void DrawWilsonColumn(const RecordSample& sample, Colour colour, bool beat);
@@ -64,8 +67,8 @@ private:
     Surface* trace_ = nullptr;
     int sweepX_ = 0;
     int rowHeight_ = 0;
-    std::array<float, LeadCount> leadPrev_{};  // counts
+    std::array<float, LeadCount> leadPrev_{}; // counts
     std::array<float, 3> vecPrev_{};
 };
 
-}  // namespace ecg
+} // namespace ecg

@@ -3,7 +3,7 @@
 
 namespace ecg {
 
-enum class WindowName { frmSelectName, frmSplash, frmMsg, frmSysSet, frmPat, frmNote, frmZSK, frmResult };
+enum class WindowName { frmSelectName, frmSplash, frmMsg, frmSysSet, frmPat, frmNote, frmZSK, frmResult, frmPatInput };
 
 class WindowOpener {
 public:
