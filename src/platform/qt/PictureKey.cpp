@@ -34,7 +34,10 @@ void PictureKey::ShowPressed(bool pressed)
 
 void PictureKey::ShowFace()
 {
-    SetPicture(!isEnabled() ? faces_.Disabled : pressed_ ? faces_.Pressed : faces_.Released);
+    SetPicture(!isEnabled()   ? faces_.Disabled
+               : pressed_     ? faces_.Pressed
+               : underMouse() ? faces_.Hovered
+                              : faces_.Released);
     caption_->setGeometry(rect().translated(0, pressed_ && isEnabled() ? 1 : 0));
     update();
 }
@@ -42,11 +45,11 @@ void PictureKey::ShowFace()
 void PictureKey::paintEvent(QPaintEvent* event)
 {
     PictureBox::paintEvent(event);
-    if (!isEnabled() || (!hasFocus() && !underMouse()))
+    if (!isEnabled() || !hasFocus())
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(style::Accent, hasFocus() ? 2 : 1));
+    painter.setPen(QPen(style::Accent, 2));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 6, 6);
 }
 
@@ -100,12 +103,12 @@ void PictureKey::focusOutEvent(QFocusEvent* event)
 
 void PictureKey::enterEvent(QEnterEvent*)
 {
-    update();
+    ShowFace();
 }
 
 void PictureKey::leaveEvent(QEvent*)
 {
-    update();
+    ShowFace();
 }
 
 void PictureKey::changeEvent(QEvent* event)

@@ -14,10 +14,11 @@ namespace ecg {
 
 class PictureKey final : public PictureBox {
 public:
-    // `faces` are the names of the released, pressed and disabled picture.
+    // Names of the pictures.
     struct Faces {
         QString Released;
         QString Pressed;
+        QString Hovered;
         QString Disabled;
     };
 
