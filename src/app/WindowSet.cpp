@@ -1,0 +1,49 @@
+#include "app/WindowSet.h"
+
+#include "core/windows/frmMsg.h"
+#include "core/windows/frmSelectName.h"
+#include "core/windows/frmSplash.h"
+#include "core/windows/frmSysSet.h"
+
+#include <QCoreApplication>
+
+namespace ecg {
+
+WindowSet::WindowSet(SharedState& state, MessageBox& messages, Printer& printer, const Pictures& pictures)
+    : state_(state), messages_(messages), printer_(printer), pictures_(pictures)
+{
+}
+
+bool WindowSet::ShowBlocking(WindowName window)
+{
+    switch (window) {
+    case WindowName::frmSelectName:
+        frmSelectName(state_, messages_, parent_).exec();
+        return true;
+    case WindowName::frmSplash:
+        frmSplash(state_, pictures_, parent_).exec();
+        return true;
+    case WindowName::frmMsg:
+        frmMsg(state_, parent_).exec();
+        return true;
+    case WindowName::frmSysSet:
+        frmSysSet(state_, messages_, printer_, pictures_, parent_).exec();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool WindowSet::Show(WindowName)
+{
+    return false;
+}
+
+void WindowSet::Close(WindowName) {}
+
+void WindowSet::PumpMessages()
+{
+    QCoreApplication::processEvents();
+}
+
+}  // namespace ecg

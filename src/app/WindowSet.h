@@ -1,0 +1,34 @@
+// Opens the system's windows by name.
+#pragma once
+
+#include "core/SharedState.h"
+#include "core/WindowOpener.h"
+#include "platform/MessageBox.h"
+#include "platform/Printer.h"
+#include "platform/qt/Pictures.h"
+
+#include <QWidget>
+
+namespace ecg {
+
+class WindowSet final : public WindowOpener {
+public:
+    WindowSet(SharedState& state, MessageBox& messages, Printer& printer, const Pictures& pictures);
+
+    // Windows opened from now on lie on top of `parent`.
+    void SetParent(QWidget* parent) { parent_ = parent; }
+
+    bool ShowBlocking(WindowName window) override;
+    bool Show(WindowName window) override;
+    void Close(WindowName window) override;
+    void PumpMessages() override;
+
+private:
+    SharedState& state_;
+    MessageBox& messages_;
+    Printer& printer_;
+    const Pictures& pictures_;
+    QWidget* parent_ = nullptr;
+};
+
+}  // namespace ecg

@@ -1,0 +1,24 @@
+#include "app/Workstation.h"
+
+#include "acquisition/StartUp.h"
+
+namespace ecg {
+
+Workstation::Workstation(const std::filesystem::path& programFolder, const QString& pdfFile)
+    : pictures_(programFolder / "pictures"), port_(programFolder), printer_(pictures_, pdfFile),
+      messages_([this] { return state_.Chinese(); }), windows_(state_, messages_, printer_, pictures_),
+      main_(state_, pictures_, clock_), monitor_(state_, port_, clock_, messages_, main_),
+      keys_(state_, monitor_, main_, windows_, messages_)
+{
+    state_.Folders.Program = programFolder;
+    main_.Connect(monitor_, keys_);
+}
+
+bool Workstation::StartUp()
+{
+    const bool started = ecg::StartUp(state_, printer_, windows_, monitor_, main_);
+    windows_.SetParent(&main_);
+    return started;
+}
+
+}  // namespace ecg
