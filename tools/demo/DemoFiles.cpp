@@ -2,8 +2,8 @@
 
 #include "core/Numbers.h"
 #include "core/formats/RecordHeader.h"
-#include "demo/LeadSystem.h"
 #include "demo/SyntheticEcg.h"
+#include "demo/TwelveLeads.h"
 #include "platform/ByteFile.h"
 
 #include <algorithm>

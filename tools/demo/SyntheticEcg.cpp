@@ -1,8 +1,8 @@
 #include "demo/SyntheticEcg.h"
 
 #include "core/Numbers.h"
-#include "demo/LeadSystem.h"
 #include "demo/MuscleNoise.h"
+#include "demo/TwelveLeads.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "demo/LeadSystem.h"
+#include "demo/TwelveLeads.h"
 
 namespace ecg {
 namespace {

@@ -1,10 +1,11 @@
 // What a cardiologist expects of the twelve leads of a healthy adult, lead by lead.
-#include "demo/LeadSystem.h"
+#include "demo/TwelveLeads.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <numeric>
 
 namespace ecg {
@@ -128,7 +129,7 @@ double AxisDegrees(double Beat::*from, double Beat::*to)
         const auto values = Stretch(lead, from, to);
         return std::accumulate(values.begin(), values.end(), 0.0);
     };
-    return std::atan2(2 / std::sqrt(3.0) * area(aVF), area(I)) * 180 / 3.14159265358979;
+    return std::atan2(2 / std::sqrt(3.0) * area(aVF), area(I)) * 180 / std::numbers::pi;
 }
 
 TEST(NormalAxis, OfPQrsAndTPointDownToTheLeft)
