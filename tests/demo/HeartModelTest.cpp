@@ -127,6 +127,20 @@ TEST(HeartModel, VariesItsRateInThePressureBandAndTheBreathBand)
     EXPECT_LT(BandPower(heart, 0.32, 0.5), 0.15 * breath);
 }
 
+TEST(HeartModel, RunsOnAcrossItsEndEvenThroughAPWave)
+{
+    constexpr double instant = 1e-6;
+    EcgOptions fast = still;
+    fast.BeatsPerMinute = 200;
+    const HeartModel heart(fast);
+    ASSERT_LT(heart.Beats().front().POnset, 0);
+    for (int i = -50; i <= 50; ++i) {
+        const double time = 0.005 * i;
+        EXPECT_NEAR(Length(heart.At(time - instant)), Length(heart.At(time + instant)), 0.001) << time;
+        EXPECT_NEAR(heart.At(time).X, heart.At(time + heart.Period()).X, 1e-9) << time;
+    }
+}
+
 TEST(HeartModel, TakesAnyOptionsAtTheirNearestLimit)
 {
     constexpr double none = std::numeric_limits<double>::quiet_NaN();

@@ -16,29 +16,12 @@ constexpr double pressureHighestHz = 0.15;
 constexpr double breathHz = 0.25;
 constexpr double restFraction = 0.6; // of an interval from an R wave to the period's end: between T and the next P
 
-// `value` between the two; not a number is the lowest.
-double Within(double value, double lowest, double highest)
-{
-    return value >= lowest ? std::min(value, highest) : lowest;
-}
-
 double RandomPhase(std::mt19937& random)
 {
     return twoPi * static_cast<double>(random()) / (static_cast<double>(std::mt19937::max()) + 1);
 }
 
 } // namespace
-
-EcgOptions Limited(const EcgOptions& options)
-{
-    EcgOptions limited = options;
-    limited.Seconds = Within(options.Seconds, 1.0, 600.0);
-    limited.BeatsPerMinute = Within(options.BeatsPerMinute, 20.0, 240.0);
-    limited.RateVariation = Within(options.RateVariation, 0.0, 0.2);
-    limited.Breathing = Within(options.Breathing, 0.0, 5.0);
-    limited.NoiseMicrovolts = Within(options.NoiseMicrovolts, 0.0, 1000.0);
-    return limited;
-}
 
 Rhythm::Rhythm(const EcgOptions& options) : period_(Limited(options).Seconds)
 {
