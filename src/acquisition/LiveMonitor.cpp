@@ -66,7 +66,7 @@ void LiveMonitor::SelectLeadSystem(int index)
     else
         WatchChannel(frankHeartChannel, labels::VectorLeads[1]);
     view_.ShowLeadCaptions(System());
-    StopFeed();
+    HaltFeed();
     link_.StopStream();
     if (HasBox())
         StartFeed();
@@ -105,8 +105,10 @@ void LiveMonitor::ComeToFront()
 
 void LiveMonitor::LeaveFront()
 {
-    if (!state_.KeepStreaming)
-        StopFeed();
+    if (state_.KeepStreaming)
+        return;
+    HaltFeed();
+    link_.SendDeviceCommand(wire::Command::Stream, 0);
 }
 
 void LiveMonitor::StartFeed()
@@ -120,9 +122,9 @@ void LiveMonitor::StartFeed()
     lastBytesMs_ = clock_.Milliseconds();
 }
 
-void LiveMonitor::StopFeed()
+// What the box is told is the caller's.
+void LiveMonitor::HaltFeed()
 {
-    link_.SendDeviceCommand(wire::Command::Stream, 0);
     streaming_ = false;
     demo_.Stop();
     view_.EnableTimer(MainTimer::Demo, false);
@@ -138,7 +140,7 @@ void LiveMonitor::OpenDemoData()
 
 void LiveMonitor::Shutdown()
 {
-    StopFeed();
+    HaltFeed();
     link_.StopStream();
     demo_.Close();
     port_.Close();
