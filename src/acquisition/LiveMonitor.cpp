@@ -207,8 +207,16 @@ void LiveMonitor::OnPortLost()
 {
     if (!HasBox())
         return;
-    boxLost_ = true;
-    view_.ShowNoDevice(true);
+    ShowBoxLost(true);
+}
+
+void LiveMonitor::ShowBoxLost(bool lost)
+{
+    boxLost_ = lost;
+    view_.ShowNoDevice(lost);
+    // Nobody measures the rate any more; the last one must not be taken for the patient's.
+    if (lost)
+        view_.ShowHeartRate({});
 }
 
 void LiveMonitor::OnSecond()
@@ -223,8 +231,7 @@ void LiveMonitor::OnSecond()
 // The demonstration never takes the place of a box that was there: nobody may take its ECG for the patient's.
 void LiveMonitor::TryReconnect()
 {
-    boxLost_ = !link_.Reconnect();
-    view_.ShowNoDevice(boxLost_);
+    ShowBoxLost(!link_.Reconnect());
     if (boxLost_)
         return;
     decoder_.Restart(link_.StreamKey());

@@ -83,6 +83,7 @@ private:
     void HaltFeed();
     void OpenDemoData();
     void WatchChannel(int channel, const char* name);
+    void ShowBoxLost(bool lost);
     void TryReconnect();
 
     SharedState& state_;
