@@ -234,6 +234,8 @@ QWidget* frmMain::MakePanel()
     AddKeys(*column, 20, {key::Setup, key::DataBase});
     AddSelectors(*column);
     column->addStretch(1);
+    picture5_ = MakeNotice("Picture5", "recover", recoveryText_);
+    picture6_ = MakeNotice("Picture6", "nobox", noDeviceText_);
     column->addWidget(picture5_);
     column->addWidget(picture6_);
     return panel;
