@@ -39,4 +39,7 @@ inline constexpr std::array<Twin, ExaminationCount> Examinations{{{"常规心电
                                                                   {"高频心电", "HECG"},
                                                                   {"心晚电位", "VLP"}}};
 
+// The hues of a printed colour grid, in the order of `SysInfo::GridHue`.
+inline constexpr std::array<Twin, 3> Hues{{{"红色", "Red"}, {"绿色", "Green"}, {"蓝色", "Blue"}}};
+
 } // namespace ecg::labels

@@ -1,6 +1,8 @@
 #include "core/Numbers.h"
 
+#include <charconv>
 #include <cstdlib>
+#include <system_error>
 
 namespace ecg {
 
@@ -10,6 +12,23 @@ std::string FormatZeros(std::int64_t value, int width)
     if (digits.size() < static_cast<std::size_t>(width))
         digits.insert(0, static_cast<std::size_t>(width) - digits.size(), '0');
     return value < 0 ? "-" + digits : digits;
+}
+
+std::optional<double> ParseDecimal(std::string_view text)
+{
+    constexpr std::size_t longestText = 64;
+    const auto first = text.find_first_not_of(' ');
+    if (text.size() > longestText || first == std::string_view::npos)
+        return std::nullopt;
+    text = text.substr(first, text.find_last_not_of(' ') - first + 1);
+    // The library would also take "inf", "nan" and their like.
+    if (text.find_first_not_of("-.0123456789") != std::string_view::npos)
+        return std::nullopt;
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+    if (error != std::errc{} || end != text.data() + text.size())
+        return std::nullopt;
+    return value;
 }
 
 std::string FormatDecimal(double value, int decimals)

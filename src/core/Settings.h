@@ -4,6 +4,7 @@
 #include "core/formats/SysInfo.h"
 #include "platform/Surface.h"
 
+#include <array>
 #include <filesystem>
 
 namespace ecg {
@@ -44,6 +45,10 @@ Colour HueGrid1mm(int hue, int depth);
 
 inline constexpr int MonoDepthCount = 8;
 inline constexpr int ColourDepthCount = 4;
+inline constexpr int HueCount = 3; // red, green, blue
+
+// How many settings each filter offers: AC, baseline, muscle.
+inline constexpr std::array<int, 3> FilterChoiceCounts{2, 4, 6};
 
 // Indices of the live display; what the file holds outside 0 to 2 falls back to the factory value.
 std::size_t LiveGainIndex(const SysInfo& settings);

@@ -47,9 +47,7 @@ frmMain::frmMain(const SharedState& state, const Pictures& pictures, Clock& cloc
       picture4_(new TraceArea(pictures, this)),
       image2_(MakeLabel("Image2", style::LargePixels, true)),
       label1_(MakeLabel("Label1", style::TextPixels, true)),
-      picture1_(new QWidget(this)),
-      picture5_(MakeNotice("Picture5", "recover", recoveryText_)),
-      picture6_(MakeNotice("Picture6", "nobox", noDeviceText_))
+      picture1_(new QWidget(this))
 {
     setObjectName("frmMain");
     for (const KeyEntry& entry : KeyTable)

@@ -103,8 +103,8 @@ private:
     QLabel* image2_;                      // title: state of the examination
     QLabel* label1_;                      // ticker
     QWidget* picture1_;                   // heart light
-    QWidget* picture5_;                   // notice: lead recovery
-    QWidget* picture6_;                   // notice: no box
+    QWidget* picture5_ = nullptr;         // notice: lead recovery
+    QWidget* picture6_ = nullptr;         // notice: no box
     QLabel* recoveryText_ = nullptr;
     QLabel* noDeviceText_ = nullptr;
     std::map<int, QTimer*> timer_; // by number, 1 to 6

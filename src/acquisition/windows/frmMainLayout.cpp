@@ -11,12 +11,12 @@ namespace ecg {
 namespace {
 
 constexpr int topHeight = 72;
-constexpr int panelWidth = 176;
+constexpr int panelWidth = 184;
 constexpr int tickerWidth = 100; // the last 100 pixels of the design width
 constexpr int electrodeWidth = 26;
-constexpr int lampSize = 12;
-constexpr int lampX = 60;
-constexpr int lampY = 4;
+constexpr int lampSize = 11;
+constexpr int lampX = 62;
+constexpr int lampY = 3;
 constexpr int noticeHeight = 48;
 
 QString Indexed(const char* name, int index)
@@ -183,23 +183,24 @@ QWidget* frmMain::MakeTopBar()
 QWidget* frmMain::MakeHeart()
 {
     auto* heart = new QWidget(this);
-    auto* row = new QHBoxLayout(heart);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(style::GridStep);
+    auto* grid = new QGridLayout(heart);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(style::GridStep / 2);
+    grid->setVerticalSpacing(0);
+    grid->setColumnStretch(1, 1);
     picture1_->setObjectName("Picture1");
     picture1_->setAttribute(Qt::WA_StyledBackground);
-    picture1_->setFixedSize(40, 56);
+    picture1_->setFixedSize(36, 32);
     auto* light = new QVBoxLayout(picture1_);
-    light->setContentsMargins(0, 4, 0, 2);
-    light->setSpacing(0);
-    light->addWidget(MakeIcon(3, "heart"), 0, Qt::AlignHCenter);
+    light->setContentsMargins(0, 0, 0, 0);
+    light->addWidget(MakeIcon(3, "heart"), 0, Qt::AlignCenter);
     label4_[5] = MakeLabel("Label4_5", style::TextPixels, true);
     label4_[5]->setAlignment(Qt::AlignCenter);
     label3_[8] = MakeLabel("Label3_8", style::RatePixels, true);
     label3_[8]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    row->addWidget(picture1_);
-    row->addWidget(label4_[5]);
-    row->addWidget(label3_[8], 1);
+    grid->addWidget(picture1_, 0, 0);
+    grid->addWidget(label4_[5], 1, 0);
+    grid->addWidget(label3_[8], 0, 1, 2, 1);
     return heart;
 }
 
@@ -232,6 +233,8 @@ QWidget* frmMain::MakePanel()
     AddKeys(*column, 20, {key::Setup, key::DataBase});
     AddSelectors(*column);
     column->addStretch(1);
+    picture5_ = MakeNotice("Picture5", "recover", recoveryText_);
+    picture6_ = MakeNotice("Picture6", "nobox", noDeviceText_);
     column->addWidget(picture5_);
     column->addWidget(picture6_);
     return panel;

@@ -45,4 +45,13 @@ private:
     std::array<char, Width> bytes_;
 };
 
+// Stores a text that was shown and perhaps edited. One that comes back as it was shown leaves the bytes alone, so that
+// looking at a field whose bytes are no valid text does not change it.
+template <std::size_t Width>
+void SetIfChanged(FixedText<Width>& field, std::string_view utf8)
+{
+    if (field.Text() != utf8)
+        field.Set(utf8);
+}
+
 } // namespace ecg

@@ -3,6 +3,7 @@
 
 #include "platform/qt/Pictures.h"
 
+#include <QPixmap>
 #include <QWidget>
 
 namespace ecg {
@@ -20,6 +21,8 @@ protected:
 private:
     const Pictures& pictures_;
     QString name_;
+    QString drawnName_; // what `drawn_` shows
+    QPixmap drawn_;
 };
 
 } // namespace ecg

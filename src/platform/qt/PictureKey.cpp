@@ -11,6 +11,8 @@
 namespace ecg {
 namespace {
 
+constexpr int captionDrop = 3; // pixels; leaves room for a lamp above the caption
+
 bool IsPressKey(const QKeyEvent& event)
 {
     return event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -38,7 +40,7 @@ void PictureKey::ShowFace()
                : pressed_     ? faces_.Pressed
                : underMouse() ? faces_.Hovered
                               : faces_.Released);
-    caption_->setGeometry(rect().translated(0, pressed_ && isEnabled() ? 1 : 0));
+    caption_->setGeometry(rect().translated(0, captionDrop + (pressed_ && isEnabled() ? 1 : 0)));
     update();
 }
 

@@ -1,5 +1,7 @@
 #include "platform/qt/QtMessageBox.h"
 
+#include "platform/qt/Controls.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -7,15 +9,6 @@
 #include <utility>
 
 namespace ecg {
-namespace {
-
-QString ToQt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-} // namespace
-
 QtMessageBox::QtMessageBox(std::function<bool()> chinese) : chinese_(std::move(chinese)) {}
 
 bool QtMessageBox::Show(std::string_view text, std::string_view title, MessageButtons buttons)

@@ -1,5 +1,7 @@
 #include "platform/qt/QtSurface.h"
 
+#include "platform/qt/Controls.h"
+
 #include <QFontMetricsF>
 
 #include <algorithm>
@@ -12,11 +14,6 @@ namespace {
 QColor ToQt(Colour colour)
 {
     return {colour.R, colour.G, colour.B};
-}
-
-QString ToQt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 // Fonts know whole pixels only, so text is set at this size and scaled to the height that is asked for.

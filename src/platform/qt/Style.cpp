@@ -24,8 +24,32 @@ QLineEdit, QPlainTextEdit, QTextEdit, QListView {
 }
 QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QListView:focus { border: 2px solid #185c60; padding: 2px 4px; }
 QLineEdit:disabled { background: #cdd4ad; color: #545c3e; border: 1px dashed #7d8660; }
-QListView::item { padding: 2px; }
+QListView::item { padding: 2px; background: transparent; }
 QListView::item:selected { background: #185c60; color: white; }
+QCheckBox, QRadioButton { border-bottom: 2px solid transparent; padding: 2px 4px 0px 0px; }
+QCheckBox:focus, QRadioButton:focus { background: #d6ddb8; border-bottom: 2px solid #185c60; }
+QComboBox {
+    background: #f6f8ee; color: #262e1c; border: 1px solid #7d8660; border-radius: 3px; padding: 3px 6px;
+    min-height: 18px; combobox-popup: 0;
+}
+QComboBox:focus { border: 2px solid #185c60; padding: 2px 5px; }
+QComboBox:disabled { background: #cdd4ad; color: #545c3e; border: 1px dashed #7d8660; }
+QComboBox::drop-down { border: none; width: 24px; }
+QComboBox::down-arrow {
+    width: 0px; height: 0px; border-left: 5px solid #f6f8ee; border-right: 5px solid #f6f8ee;
+    border-top: 6px solid #262e1c;
+}
+QSlider { min-height: 24px; }
+QSlider::groove:horizontal { background: #f6f8ee; border: 1px solid #7d8660; border-radius: 3px; height: 4px; }
+QSlider::sub-page:horizontal { background: #185c60; border: 1px solid #185c60; border-radius: 3px; }
+QSlider::handle:horizontal {
+    background: #d6ddb8; border: 1px solid #55603c; border-radius: 4px; width: 12px; margin: -8px 0;
+}
+QSlider::handle:horizontal:hover { background: #e4e9cf; }
+QSlider::handle:horizontal:focus { border: 2px solid #185c60; }
+QMenu { background: #f6f8ee; color: #262e1c; border: 1px solid #55603c; padding: 4px; }
+QMenu::item { padding: 5px 24px; }
+QMenu::item:selected { background: #185c60; color: white; }
 QGroupBox { border: 1px solid #7d8660; border-radius: 4px; margin-top: 10px; padding: 12px 8px 8px 8px; }
 QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 4px; font-weight: bold; }
 QTabWidget::pane { border: 1px solid #7d8660; border-radius: 4px; top: -1px; }

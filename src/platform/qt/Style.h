@@ -23,7 +23,7 @@ inline constexpr int TextPixels = 13;  // ordinary text
 inline constexpr int SmallPixels = 12; // the smallest: 9 points
 inline constexpr int HeadingPixels = 15;
 inline constexpr int LargePixels = 20; // clock, names
-inline constexpr int RatePixels = 34;  // what a doctor reads at a distance
+inline constexpr int RatePixels = 30;  // what a doctor reads at a distance
 
 // Sets fonts, palette and style sheet for the whole program. Chinese fonts are looked for by name, best first.
 void Apply(QApplication& application);

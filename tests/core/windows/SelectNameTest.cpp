@@ -1,0 +1,103 @@
+#include "core/windows/CoreWindowTest.h"
+#include "core/windows/frmSelectName.h"
+
+namespace ecg {
+namespace {
+
+using SelectNameTest = CoreWindowTest;
+
+TEST_F(SelectNameTest, AButtonStoresAllNamesAndTakesItsOwn)
+{
+    State.SysInfo.DoctorNames[0].Set("王建国");
+    frmSelectName window(State, Messages);
+    window.show();
+    EXPECT_EQ(TextOf(window, "Text1_0"), "王建国");
+    Find<QLineEdit>(window, "Text1_5").setText("  李梅  ");
+    Type(window, "Text1_7", "Dr. Smith");
+    Click(window, "Command1_5");
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(State.DoctorName, "李梅");
+    EXPECT_EQ(StoredSettings().DoctorNames[0].Text(), "王建国");
+    EXPECT_EQ(StoredSettings().DoctorNames[5].Text(), "  李梅");
+    EXPECT_EQ(StoredSettings().DoctorNames[7].Text(), "Dr. Smith");
+    EXPECT_TRUE(Messages.Shown.empty());
+}
+
+TEST_F(SelectNameTest, ABlankNameIsRefusedAfterTheOthersAreStored)
+{
+    frmSelectName window(State, Messages);
+    window.show();
+    Type(window, "Text1_0", "Smith");
+    Type(window, "Text1_3", "   ");
+    Click(window, "Command1_3");
+    ASSERT_EQ(Messages.Shown.size(), 1U);
+    EXPECT_EQ(Messages.Shown[0].Text, "必须选择检查医生姓名才可以进入系统");
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(State.DoctorName, "");
+    EXPECT_EQ(StoredSettings().DoctorNames[0].Text(), "Smith");
+}
+
+TEST_F(SelectNameTest, EscapeSelectsNobodyAndStoresNothing)
+{
+    State.DoctorName = "of an earlier run";
+    State.SysInfo.DoctorNames[0].Set("Smith");
+    frmSelectName window(State, Messages);
+    window.show();
+    Type(window, "Text1_0", "Miller");
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(State.DoctorName, "");
+    EXPECT_EQ(State.SysInfo.DoctorNames[0].Text(), "Smith");
+    EXPECT_FALSE(SettingsWereStored());
+}
+
+TEST_F(SelectNameTest, EnterTakesTheNameOfTheRowOnce)
+{
+    frmSelectName window(State, Messages);
+    window.show();
+    EXPECT_EQ(window.focusWidget()->objectName(), "Text1_0");
+    Type(window, "Text1_2", "Smith");
+    QTest::keyClick(&Find<QLineEdit>(window, "Text1_2"), Qt::Key_Return);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(State.DoctorName, "Smith");
+    EXPECT_TRUE(Messages.Shown.empty());
+}
+
+TEST_F(SelectNameTest, TheKeyboardStartsAtTheFirstDoctorWithAName)
+{
+    State.SysInfo.DoctorNames[4].Set("Smith");
+    frmSelectName window(State, Messages);
+    window.show();
+    EXPECT_EQ(window.focusWidget()->objectName(), "Command1_4");
+    QTest::keyClick(window.focusWidget(), Qt::Key_Enter);
+    EXPECT_EQ(State.DoctorName, "Smith");
+}
+
+TEST_F(SelectNameTest, ANameThatCannotBeStoredHoldsForThisRun)
+{
+    BlockSettingsFile();
+    frmSelectName window(State, Messages);
+    window.show();
+    Type(window, "Text1_0", "Smith");
+    Click(window, "Command1_0");
+    EXPECT_EQ(State.DoctorName, "Smith");
+    ASSERT_EQ(Messages.Shown.size(), 1U);
+    EXPECT_NE(Messages.Shown[0].Text.find("Sysinfo.par"), std::string::npos);
+}
+
+TEST_F(SelectNameTest, ABoxTakesNoMoreThanItsFieldHolds)
+{
+    frmSelectName window(State, Messages);
+    window.show();
+    auto& box = Find<QLineEdit>(window, "Text1_0");
+    box.insert("一二三四五六七八九十"); // 20 bytes
+    QTest::keyClicks(&box, "abcdef");
+    EXPECT_EQ(TextOf(window, "Text1_0"), "一二三四五六七八九十abcd");
+    box.setCursorPosition(0);
+    QTest::keyClicks(&box, "x"); // what stands behind the cursor is kept
+    EXPECT_EQ(TextOf(window, "Text1_0"), "一二三四五六七八九十abcd");
+    EXPECT_EQ(box.cursorPosition(), 0);
+}
+
+} // namespace
+} // namespace ecg

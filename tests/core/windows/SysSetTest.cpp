@@ -1,0 +1,384 @@
+// The settings window, worked as a user works it.
+#include "core/windows/CoreWindowTest.h"
+#include "core/windows/DepartmentList.h"
+#include "core/windows/frmSysSet.h"
+
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QSlider>
+#include <QTabWidget>
+
+#include <cstring>
+#include <optional>
+
+namespace ecg {
+namespace {
+
+class SysSetTest : public CoreWindowTest {
+protected:
+    frmSysSet& Open()
+    {
+        window_.emplace(State, Messages, Printer, Pictures);
+        window_->show();
+        return *window_;
+    }
+
+    void ShowTab(QWidget& window, int index) { Find<QTabWidget>(window, "SettingTab").setCurrentIndex(index); }
+
+    const std::string& LastMessage() const { return Messages.Shown.back().Text; }
+
+private:
+    std::optional<frmSysSet> window_;
+};
+
+bool SameBytes(const SysInfo& one, const SysInfo& other)
+{
+    return std::memcmp(&one, &other, sizeof one) == 0;
+}
+
+TEST_F(SysSetTest, ConfirmingWithoutAChangeStoresTheSettingsAsTheyAre)
+{
+    State.SysInfo.ClassName[63].Set("体检中心");
+    State.SysInfo.GainIndex = 2;
+    State.SysInfo.LeadShow[7] = 0;
+    const SysInfo before = State.SysInfo;
+    auto& window = Open();
+    Click(window, "Command2");
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(SameBytes(State.SysInfo, before));
+    EXPECT_TRUE(SameBytes(StoredSettings(), before));
+}
+
+TEST_F(SysSetTest, EveryControlReachesItsField)
+{
+    auto& window = Open();
+    for (int i = 0; i < 6; ++i)
+        Type(window, "Text1_" + std::to_string(i), "hospital " + std::to_string(i));
+    Type(window, "Text2_3", "item 4");
+    ShowTab(window, 1);
+    ClickMark(window, "Check1_11");
+    ClickMark(window, "Check2");
+    QTest::keyClick(&Find<QComboBox>(window, "Combo1_0"), Qt::Key_Down);
+    QTest::keyClick(&Find<QComboBox>(window, "Combo1_1"), Qt::Key_End);
+    QTest::keyClick(&Find<QComboBox>(window, "Combo1_2"), Qt::Key_Home);
+    Type(window, "Text3_0", "20");
+    Type(window, "Text3_8", "240.5");
+    ShowTab(window, 2);
+    ClickMark(window, "Option1_3");
+    QTest::keyClick(&Find<QSlider>(window, "Slider1_2"), Qt::Key_End);
+    ShowTab(window, 3);
+    ClickMark(window, "Option2_1");
+    ClickMark(window, "Option3_1");
+    ClickMark(window, "Option4_0");
+    ClickMark(window, "Option5_2");
+    QTest::keyClick(&Find<QComboBox>(window, "Combo2_0"), Qt::Key_End);
+    QTest::keyClick(&Find<QComboBox>(window, "Combo2_1"), Qt::Key_Home);
+    Click(window, "Command2");
+
+    ASSERT_TRUE(Messages.Shown.empty());
+    EXPECT_TRUE(SameBytes(State.SysInfo, StoredSettings()));
+    const SysInfo& stored = State.SysInfo;
+    EXPECT_EQ(stored.HospitalName.Text(), "hospital 0");
+    EXPECT_EQ(stored.HospitalAddress.Text(), "hospital 1");
+    EXPECT_EQ(stored.HospitalTel.Text(), "hospital 2");
+    EXPECT_EQ(stored.HospitalFax.Text(), "hospital 3");
+    EXPECT_EQ(stored.HospitalWeb.Text(), "hospital 4");
+    EXPECT_EQ(stored.HospitalMail.Text(), "hospital 5");
+    EXPECT_EQ(stored.CustomItemName[3].Text(), "item 4");
+    EXPECT_EQ(stored.LeadShow[11], 0);
+    EXPECT_EQ(stored.LeadShow[10], 1);
+    EXPECT_EQ(stored.LeadPrompt, 0);
+    EXPECT_EQ(stored.FilterIndex, (std::array<Byte, 3>{1, 0, 5}));
+    EXPECT_EQ(stored.SampleTime[0], 10000);
+    EXPECT_EQ(stored.SampleTime[8], 120250);
+    EXPECT_EQ(stored.PaperBack, (Rgb{0, 0, 255}));
+    EXPECT_EQ(stored.PrintQuality, 1);
+    EXPECT_EQ(stored.PrintPortrait, 1);
+    EXPECT_EQ(stored.PrintMono, 0);
+    EXPECT_EQ(stored.GridHue, 2);
+    EXPECT_EQ(stored.Depth1mmColour, 3);
+    EXPECT_EQ(stored.Depth5mmColour, 0);
+    EXPECT_EQ(stored.Depth1mmMono, 2);
+    EXPECT_EQ(State.PrintGrid5mm, (Colour{80, 80, 210}));
+    EXPECT_EQ(State.PrintGrid1mm, (Colour{120, 120, 180}));
+}
+
+TEST_F(SysSetTest, IgnoringOrClosingLeavesEverythingAsItWas)
+{
+    const SysInfo before = State.SysInfo;
+    for (int way = 0; way < 3; ++way) {
+        auto& window = Open();
+        Type(window, "Text1_0", "changed");
+        ShowTab(window, 2);
+        QTest::keyClick(&Find<QSlider>(window, "Slider1_0"), Qt::Key_Home);
+        ShowTab(window, 3);
+        Click(window, "Command4_2");
+        if (way == 0)
+            Click(window, "Command1");
+        else if (way == 1)
+            QTest::keyClick(&window, Qt::Key_Escape);
+        else
+            window.close();
+        EXPECT_FALSE(window.isVisible());
+        EXPECT_TRUE(SameBytes(State.SysInfo, before)) << way;
+    }
+    EXPECT_FALSE(SettingsWereStored());
+}
+
+TEST_F(SysSetTest, ARefusedTimeKeepsTheWindowOpenOnItsBox)
+{
+    struct Case {
+        std::string typed;
+        std::string chinese;
+        std::string english;
+    };
+    const std::vector<Case> cases{{"9", "最少的采样时间为10秒！", "The Least Time is 10s!"},
+                                  {"1o", "采样时间的内容必须为数字！", "Sample Time MUST be Digital!"},
+                                  {"", "采样时间的内容必须为数字！", "Sample Time MUST be Digital!"},
+                                  {"99999999", "最长的采样时间为4294967秒！", "The Longest Time is 4294967s!"}};
+    for (const Byte language : {Byte{1}, Byte{2}})
+        for (const Case& tested : cases) {
+            State.SysInfo.Language = language;
+            auto& window = Open();
+            ShowTab(window, 1);
+            Type(window, "Text3_6", tested.typed);
+            ShowTab(window, 3);
+            Click(window, "Command2");
+            ASSERT_FALSE(Messages.Shown.empty());
+            EXPECT_EQ(LastMessage(), language == ChineseLanguage ? tested.chinese : tested.english);
+            EXPECT_TRUE(window.isVisible());
+            EXPECT_EQ(Find<QTabWidget>(window, "SettingTab").currentIndex(), 1);
+            EXPECT_EQ(window.focusWidget()->objectName(), "Text3_6");
+            EXPECT_FALSE(SettingsWereStored());
+        }
+}
+
+TEST_F(SysSetTest, TenSecondsAreAcceptedAndEnterConfirms)
+{
+    auto& window = Open();
+    ShowTab(window, 1);
+    Type(window, "Text3_6", "10");
+    QTest::keyClick(&Find<QLineEdit>(window, "Text3_6"), Qt::Key_Return);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(StoredSettings().SampleTime[6], 5000);
+}
+
+TEST_F(SysSetTest, WhenTheFileCannotBeWrittenNothingIsLost)
+{
+    BlockSettingsFile();
+    const SysInfo before = State.SysInfo;
+    auto& window = Open();
+    Type(window, "Text1_0", "typed");
+    Click(window, "Command2");
+    ASSERT_EQ(Messages.Shown.size(), 1U);
+    EXPECT_NE(LastMessage().find("Sysinfo.par"), std::string::npos);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(TextOf(window, "Text1_0"), "typed");
+    EXPECT_TRUE(SameBytes(State.SysInfo, before));
+
+    std::filesystem::remove(Folder.File("Sysinfo.par.new"));
+    Click(window, "Command2");
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(StoredSettings().HospitalName.Text(), "typed");
+}
+
+TEST_F(SysSetTest, LeadShortcutsShowTheirLeadsAndHideTheOthers)
+{
+    auto& window = Open();
+    ShowTab(window, 1);
+    const std::array<std::string, 3> shown{"111111000000", "000000111111", "111111111111"};
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        Click(window, "Command3_" + std::to_string(i));
+        std::string marks;
+        for (int lead = 0; lead < 12; ++lead)
+            marks += Find<QAbstractButton>(window, "Check1_" + std::to_string(lead)).isChecked() ? '1' : '0';
+        EXPECT_EQ(marks, shown[i]);
+    }
+}
+
+TEST_F(SysSetTest, FactoryButtonsAskAndRefillTheirTab)
+{
+    State.SysInfo.GainIndex = 2;
+    State.SysInfo.SpeedIndex = 0;
+    State.SysInfo.TraceWatch = {1, 2, 3};
+    State.SysInfo.PrintPortrait = 1;
+    auto& window = Open();
+    ShowTab(window, 1);
+    Type(window, "Text3_3", "77");
+    const std::array<std::string, 3> questions{"把采样参数设定为出厂值吗？", "把主界面颜色参数设定为出厂值吗？",
+                                               "把报告参数设定为出厂值吗？"};
+    for (const bool answer : {false, true}) {
+        Messages.Answer = answer;
+        for (int i = 0; i < 3; ++i) {
+            ShowTab(window, i + 1);
+            Click(window, "Command4_" + std::to_string(i));
+            EXPECT_EQ(LastMessage(), questions[static_cast<std::size_t>(i)]);
+            EXPECT_EQ(Messages.Shown.back().Title, "恢复参数值");
+            EXPECT_EQ(Messages.Shown.back().Buttons, MessageButtons::YesNo);
+        }
+        EXPECT_EQ(TextOf(window, "Text3_3"), answer ? "300" : "77");
+        EXPECT_EQ(Find<QSlider>(window, "Slider1_0").value(), answer ? 255 : 1);
+        EXPECT_EQ(LabelOf(window, "Label5_0"), answer ? "255" : "1");
+        EXPECT_EQ(Find<QAbstractButton>(window, "Option3_0").isChecked(), answer);
+    }
+    Click(window, "Command2");
+    EXPECT_EQ(StoredSettings().GainIndex, 0);
+    EXPECT_EQ(StoredSettings().SpeedIndex, 1);
+    EXPECT_EQ(StoredSettings().TraceWatch, (Rgb{255, 255, 0}));
+}
+
+TEST_F(SysSetTest, FactoryQuestionsAreAskedInEnglishToo)
+{
+    State.SysInfo.Language = 2;
+    auto& window = Open();
+    for (const char* button : {"Command4_0", "Command4_1", "Command4_2"})
+        Find<QAbstractButton>(window, button).click();
+    ASSERT_EQ(Messages.Shown.size(), 3U);
+    EXPECT_EQ(Messages.Shown[0].Text, "Set the Sample Parameter as Factory Value?");
+    EXPECT_EQ(Messages.Shown[1].Text, "Set the Wave Color as Factory Value?");
+    EXPECT_EQ(Messages.Shown[2].Text, "Set the Report as Factory Value?");
+    EXPECT_EQ(Messages.Shown[2].Title, "Restore Parameter");
+}
+
+TEST_F(SysSetTest, TheSlidersShowTheColourUnderAdjustmentAndItsName)
+{
+    State.SysInfo.Grid5mm = {11, 22, 33};
+    auto& window = Open();
+    ShowTab(window, 2);
+    EXPECT_EQ(LabelOf(window, "Label5_1"), "255");
+    ClickMark(window, "Option1_4");
+    EXPECT_EQ(LabelOf(window, "Label4"), "当前调整：坐标颜色(5mm)");
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(Find<QSlider>(window, "Slider1_" + std::to_string(i)).value(), 11 * (i + 1));
+    QTest::keyClick(&Find<QSlider>(window, "Slider1_0"), Qt::Key_Right);
+    EXPECT_EQ(LabelOf(window, "Label5_0"), "12");
+    const QImage preview = Find<QWidget>(window, "Picture6").grab().toImage();
+    EXPECT_EQ(preview.pixelColor(20, 50), QColor(12, 22, 33)); // a strong line
+    EXPECT_EQ(preview.pixelColor(4, 50), QColor(15, 15, 15));  // a fine one
+    EXPECT_EQ(preview.pixelColor(22, 50), QColor(0, 0, 0));    // paper
+}
+
+TEST_F(SysSetTest, DepthsBelongToTheColourMode)
+{
+    auto& window = Open();
+    ShowTab(window, 3);
+    auto& fine = Find<QComboBox>(window, "Combo2_0");
+    EXPECT_EQ(fine.count(), 8);
+    EXPECT_EQ(fine.currentIndex(), 2);
+    EXPECT_FALSE(Find<QAbstractButton>(window, "Option5_1").isEnabled());
+    ClickMark(window, "Option4_0");
+    EXPECT_EQ(fine.count(), 4);
+    EXPECT_EQ(fine.currentIndex(), 1);
+    EXPECT_TRUE(Find<QAbstractButton>(window, "Option5_1").isEnabled());
+    QTest::keyClick(&fine, Qt::Key_End);
+    ClickMark(window, "Option4_1");
+    EXPECT_EQ(fine.currentIndex(), 2);
+    ClickMark(window, "Option4_0");
+    EXPECT_EQ(fine.currentIndex(), 3);
+}
+
+TEST_F(SysSetTest, TheTabKeyFollowsTheEye)
+{
+    auto& window = Open();
+    ShowTab(window, 3);
+    window.activateWindow();
+    Find<QTabWidget>(window, "SettingTab").setFocus();
+    std::string order;
+    for (int i = 0; i < 12; ++i) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        order += window.focusWidget()->objectName().toStdString() + " ";
+    }
+    EXPECT_EQ(order, "Option2_0 Option2_1 Option3_0 Option3_1 Option4_0 Option4_1 Command5 Combo2_0 Combo2_1 "
+                     "Command4_2 Command1 Command2 ");
+}
+
+TEST_F(SysSetTest, TheTestPageIsPrintedAsChosenBeforeAnythingIsStored)
+{
+    auto& window = Open();
+    ShowTab(window, 3);
+    ClickMark(window, "Option3_1");
+    ClickMark(window, "Option4_0");
+    Click(window, "Command5");
+    ASSERT_EQ(Printer.Documents, 1);
+    EXPECT_EQ(Printer.Page->Height(), 297);
+    EXPECT_EQ(Printer.Page->Texts.front().Text, "打印测试页(打印机:Office  打印方式:彩色)");
+    EXPECT_TRUE(Messages.Shown.empty());
+    EXPECT_FALSE(SettingsWereStored());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SysSetTest, APrinterThatIsMissingOrRefusesIsReportedInBothLanguages)
+{
+    for (const Byte language : {Byte{1}, Byte{2}}) {
+        State.SysInfo.Language = language;
+        const bool chinese = language == ChineseLanguage;
+        auto& window = Open();
+        ShowTab(window, 3);
+        Printer.PrinterName.clear();
+        Click(window, "Command5");
+        EXPECT_EQ(LastMessage().find(chinese ? "没有可用的打印机" : "There is no printer"), 0U);
+        Printer.PrinterName = "Office";
+        Printer.Works = false;
+        Click(window, "Command5");
+        EXPECT_EQ(LastMessage().find(chinese ? "测试页没有打印完成" : "The test page could not be printed"), 0U);
+        Printer.Works = true;
+        EXPECT_TRUE(window.isVisible());
+    }
+}
+
+TEST_F(SysSetTest, ADepartmentIsModifiedFromTheMenuAndFromTheKeyboard)
+{
+    State.SysInfo.ClassName[0].Set("心血管内科");
+    auto& window = Open();
+    auto& list = Find<DepartmentList>(window, "ClassList");
+    ASSERT_EQ(list.count(), 64);
+    const QPoint third = list.visualItemRect(list.item(2)).center();
+    QContextMenuEvent rightButton(QContextMenuEvent::Mouse, third, list.viewport()->mapToGlobal(third));
+    QApplication::sendEvent(list.viewport(), &rightButton);
+    auto& menu = Find<QMenu>(list, "ClassMenu");
+    ASSERT_EQ(menu.actions().size(), 1);
+    EXPECT_EQ(menu.actions()[0]->text(), "修改");
+    QTest::keyClick(&menu, Qt::Key_Down);
+    QTest::keyClick(&menu, Qt::Key_Return);
+    Type(list, "ClassNameEdit", "abcdefghijklmnopqrstuvwxyz"); // two more than fit
+    QTest::keyClick(&Find<QLineEdit>(list, "ClassNameEdit"), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_TRUE(window.isVisible());
+
+    list.setCurrentRow(63);
+    QTest::keyClick(&list, Qt::Key_Return);
+    QTest::keyClicks(list.findChildren<QLineEdit*>("ClassNameEdit").last(), "last");
+    QTest::keyClick(list.findChildren<QLineEdit*>("ClassNameEdit").last(), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_TRUE(window.isVisible());
+
+    Click(window, "Command2");
+    EXPECT_EQ(StoredSettings().ClassName[0].Text(), "心血管内科");
+    EXPECT_EQ(StoredSettings().ClassName[2].Text(), "abcdefghijklmnopqrstuvwx");
+    EXPECT_EQ(StoredSettings().ClassName[63].Text(), "last");
+}
+
+TEST_F(SysSetTest, DamagedSettingsOpenAsValidOnesAndKeepTheTextsNobodyTouched)
+{
+    for (const int byte : {0x00, 0x80, 0xFF}) {
+        std::memset(static_cast<void*>(&State.SysInfo), byte, sizeof State.SysInfo);
+        const SysInfo before = State.SysInfo;
+        auto& window = Open();
+        for (int tab = 0; tab < 4; ++tab) {
+            ShowTab(window, tab);
+            window.grab();
+        }
+        EXPECT_EQ(TextOf(window, "Text3_8"), "180");
+        EXPECT_GE(Find<QComboBox>(window, "Combo2_1").currentIndex(), 0);
+        EXPECT_GE(Find<QComboBox>(window, "Combo1_2").currentIndex(), 0);
+        Click(window, "Command2");
+        EXPECT_FALSE(window.isVisible());
+        EXPECT_EQ(State.SysInfo.HospitalName, before.HospitalName);
+        EXPECT_EQ(State.SysInfo.ClassName, before.ClassName);
+        EXPECT_EQ(State.SysInfo.SampleTime[3], 150000);
+    }
+}
+
+} // namespace
+} // namespace ecg

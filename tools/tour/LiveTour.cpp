@@ -1,0 +1,209 @@
+#include "tour/LiveTour.h"
+
+#include "app/Workstation.h"
+#include "box/BoxSimulator.h"
+#include "core/Labels.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <QTest>
+
+namespace ecg {
+namespace {
+
+constexpr int sweepMs = 8600;      // of the trace at 25 mm/s
+constexpr int recoveryMs = 2600;   // of a lead recovery, with some grace
+constexpr int reconnectMs = 6000;  // until a box that is back has been taken up again
+constexpr int rateMs = 8000;       // until the detector knows a rate
+
+// The rate that the window shows, or 0.
+int ShownRate(TourDriver& tour, const QWidget& window)
+{
+    return tour.Find<QLabel>(window, "Label3_8").text().section(' ', 0, 0).toInt();
+}
+
+QImage Trace(TourDriver& tour, const QWidget& window)
+{
+    return tour.Find(window, "Picture4").grab().toImage();
+}
+
+void PlayStart(TourDriver& tour, Workstation& workstation)
+{
+    bool started = false;
+    const auto splash = [&] { started = workstation.StartUp(); };
+    const auto name = [&] {
+        tour.InWindow("frmSplash", splash, [&](QWidget& window) {
+            tour.Wait(1000);
+            tour.Picture(window, "splash");
+            QTest::keyClick(&window, Qt::Key_Return);
+        });
+    };
+    tour.InWindow("frmSelectName", name, [&](QWidget& window) {
+        auto& box = tour.Find<QLineEdit>(window, "Text1_0");
+        box.setFocus();
+        box.clear();
+        QTest::keyClicks(&box, "Dr Example");
+        tour.Picture(window, "select-name");
+        tour.Click(window, "Command1_0");
+    });
+    tour.Check(started && workstation.State().DoctorName == "Dr Example", "the doctor is known");
+    workstation.MainWindow().show();
+    tour.Wait(300);
+}
+
+void PlayExit(TourDriver& tour, Workstation& workstation)
+{
+    tour.Click(workstation.MainWindow(), "KeyPic_0");
+    tour.Check(!workstation.MainWindow().isVisible(), "the exit key closes the window");
+    tour.Check(std::filesystem::exists(workstation.State().SettingsFile()), "the settings are on the disk");
+}
+
+void PlaySpeedsAndGains(TourDriver& tour, QWidget& window)
+{
+    for (int speed = 0; speed < 3; ++speed) {
+        tour.Select(window, "Combo1_2", speed);
+        tour.Wait(speed == 0 ? 2 * sweepMs : sweepMs);
+        tour.Picture(window, QString("speed-") + QString(labels::Speeds[static_cast<std::size_t>(speed)]).remove('/'));
+    }
+    tour.Select(window, "Combo1_2", 1);
+    for (int gain = 1; gain >= 0; --gain) {
+        tour.Select(window, "Combo1_1", gain + 1);
+        tour.Wait(sweepMs);
+        tour.Picture(window,
+                     QString("gain-") + QString(labels::Gains[static_cast<std::size_t>(gain) + 1]).remove('/'));
+    }
+    tour.Select(window, "Combo1_1", 0);
+}
+
+void PlayLeads(TourDriver& tour, QWidget& window)
+{
+    for (int lead = 6; lead < 12; ++lead)
+        tour.Click(window, QString("LeadDisp_%1").arg(lead));
+    tour.Wait(4000);
+    tour.Picture(window, "limb-leads");
+    for (int lead = 6; lead < 12; ++lead)
+        tour.Click(window, QString("LeadDisp_%1").arg(lead));
+    tour.Click(window, "LeadDisp_10", Qt::ShiftModifier);
+    tour.Check(tour.Find<QLabel>(window, "Label4_5").text() == "V5", "Shift and a click watch lead V5");
+    tour.Click(window, "LeadDisp_1", Qt::ShiftModifier);
+}
+
+void PlayFreeze(TourDriver& tour, QWidget& window)
+{
+    tour.Wait(3000);
+    tour.Click(window, "KeyPic_12");
+    tour.Wait(200);
+    const QImage frozen = Trace(tour, window);
+    tour.Picture(window, "frozen");
+    tour.Wait(1000);
+    tour.Check(Trace(tour, window) == frozen, "a frozen trace stands still");
+    tour.Click(window, "KeyPic_12");
+    tour.Wait(1000);
+    tour.Check(Trace(tour, window) != frozen, "the trace runs again");
+}
+
+void PlayElectrode(TourDriver& tour, QWidget& window, BoxSimulator& box)
+{
+    auto& label = tour.Find<QLabel>(window, "Label3_14");
+    auto& notice = tour.Find(window, "Picture5");
+    box.Command("off 6");
+    tour.Check(tour.WaitUntil([&] { return !label.styleSheet().contains("transparent"); }, 1000),
+               "electrode V2 is shown as off");
+    tour.Wait(3000);
+    tour.Picture(window, "electrode-off");
+    box.Command("on 6");
+    tour.Check(tour.WaitUntil([&] { return notice.isVisible(); }, 1000), "the recovery is shown");
+    tour.Wait(800);
+    tour.Picture(window, "electrode-back");
+    tour.Check(tour.WaitUntil([&] { return !notice.isVisible(); }, recoveryMs), "the recovery ends");
+}
+
+void PlayUnplug(TourDriver& tour, QWidget& window, BoxSimulator& box)
+{
+    auto& notice = tour.Find(window, "Picture6");
+    box.Command("unplug");
+    tour.Check(tour.WaitUntil([&] { return notice.isVisible(); }, 1000), "the lost box is shown");
+    tour.Picture(window, "box-lost");
+    box.Command("replug");
+    tour.Check(tour.WaitUntil([&] { return !notice.isVisible(); }, reconnectMs), "the box is found again");
+    tour.Check(tour.WaitUntil([&] { return ShownRate(tour, window) > 0; }, rateMs), "beats are found again");
+}
+
+void PlaySettings(TourDriver& tour, QWidget& window, const QString& language)
+{
+    const auto open = [&] { tour.Click(window, "KeyPic_10"); };
+    tour.InWindow("frmSysSet", open, [&](QWidget& settings) {
+        auto& tabs = *settings.findChild<QTabWidget*>();
+        for (int tab = 0; tab < tabs.count(); ++tab) {
+            tabs.tabBar()->setFocus();
+            QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(tab).center());
+            tour.Wait(200);
+            tour.Picture(settings, QString("settings-%1-%2").arg(tab + 1).arg(language));
+        }
+        QTest::keyClick(&settings, Qt::Key_Escape);
+    });
+}
+
+}  // namespace
+
+void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
+{
+    BoxSimulator box({.Link = program / "ports" / "com3", .Source = program / "Data" / "EcgTest.dat"});
+    tour.Check(box.IsOk(), "the box in software runs " + QString::fromStdString(box.Reason()));
+    Workstation workstation(program);
+    PlayStart(tour, workstation);
+    frmMain& window = workstation.MainWindow();
+    tour.Check(workstation.State().DevicePort == 3, "the box is found on port 3");
+    tour.Check(!tour.Find(window, "Picture6").isVisible(), "no notice of a missing box");
+    tour.Wait(sweepMs);
+    tour.Picture(window, "live-from-the-box");
+    const int rate = ShownRate(tour, window);
+    tour.Check(rate >= 60 && rate <= 90, QString("the rate is %1 bpm").arg(rate));
+    tour.Check(tour.Find<QLabel>(window, "Label5_0").text() == "50Hz", "the box reports its filters");
+
+    PlaySpeedsAndGains(tour, window);
+    PlayLeads(tour, window);
+    PlayFreeze(tour, window);
+    PlayElectrode(tour, window, box);
+    PlayUnplug(tour, window, box);
+    PlaySettings(tour, window, "zh");
+    PlayExit(tour, workstation);
+}
+
+void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
+{
+    Workstation workstation(program);
+    PlayStart(tour, workstation);
+    frmMain& window = workstation.MainWindow();
+    tour.Check(tour.Find(window, "Picture6").isVisible(), "the notice of the demonstration shows");
+    tour.Wait(sweepMs);
+    const int rate = ShownRate(tour, window);
+    tour.Check(rate >= 60 && rate <= 90, QString("the demonstration's rate is %1 bpm").arg(rate));
+    tour.Picture(window, "demonstration");
+
+    tour.Click(window, "KeyPic_14");
+    tour.Wait(200);
+    tour.Picture(window, "baseline-return");
+    tour.Select(window, "Combo1_0", 1);
+    tour.Wait(sweepMs);
+    tour.Picture(window, "frank");
+    tour.Check(tour.Find<QLabel>(window, "Label4_5").text() == "Y", "the Frank system watches lead Y");
+
+    workstation.State().SysInfo.Language = 2;
+    window.ShowTexts();
+    window.ShowSelectors();
+    window.ShowExamination();
+    tour.Select(window, "Combo1_0", 0);
+    window.resize(1400, 900);
+    tour.Wait(sweepMs);
+    tour.Picture(window, "english-larger");
+    window.resize(1024, 768);
+    tour.Wait(3000);
+    tour.Picture(window, "english");
+    PlaySettings(tour, window, "en");
+    PlayExit(tour, workstation);
+}
+
+}  // namespace ecg

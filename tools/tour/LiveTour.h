@@ -1,0 +1,17 @@
+// The scenes of the live ECG.
+#pragma once
+
+#include "tour/TourDriver.h"
+
+#include <filesystem>
+
+namespace ecg {
+
+// A workstation with an amplifier box in software: start, every speed and gain, leads, freeze, an electrode off and
+// back, the box unplugged and back, both lead systems, the settings, exit. `program` is a program folder to work in.
+void TourWithBox(TourDriver& tour, const std::filesystem::path& program);
+
+// A workstation without a box: the demonstration, the same windows in English, exit.
+void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program);
+
+}  // namespace ecg
