@@ -3,14 +3,13 @@
 #include "core/Numbers.h"
 #include "core/formats/FixedRecordFile.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
 namespace ecg {
 namespace {
 
-constexpr std::int64_t framesPerTick = 500; // at the most, so that a long pause does not hold up the windows
+constexpr int framesPerTick = 500; // at the most, so that a long pause does not hold up the windows
 
 constexpr double wanderCounts = 250;
 constexpr double wanderFrames = 1500; // 3 seconds
@@ -75,11 +74,14 @@ void DemoFeed::Tick()
     if (!running_ || !file_)
         return;
     ShowBlank();
-    const std::int64_t due = (clock_.Milliseconds() - startMs_) * FramesPerSecond / 1000;
-    const std::int64_t last = std::min(due, delivered_ + framesPerTick);
-    // A frame may stop the feed: the end of a sampling does.
-    while (running_ && delivered_ < last)
+    // A frame may stop the feed or start it anew: the end of a sampling does. So what is due is asked each time.
+    for (int frames = 0; frames < framesPerTick && running_ && delivered_ < DueFrames(); ++frames)
         Deliver();
+}
+
+std::int64_t DemoFeed::DueFrames()
+{
+    return (clock_.Milliseconds() - startMs_) * FramesPerSecond / 1000;
 }
 
 void DemoFeed::ShowBlank()

@@ -51,6 +51,7 @@ public:
     void FlipWander() { wander_ = !wander_; }
 
 private:
+    std::int64_t DueFrames(); // since the start, by the clock
     void ShowBlank();
     void Deliver();
     Frame NextFrame();

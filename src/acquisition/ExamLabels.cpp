@@ -13,9 +13,14 @@ constexpr int tickerEnd = 924;
 
 constexpr Twin byHand{"手控", "Control By Man"};
 
+// With as many decimals as the time needs: it is entered in seconds, and fractions of one are allowed.
 std::string Seconds(std::int32_t frames)
 {
-    return FormatDecimal(static_cast<double>(frames) / FramesPerSecond, 0) + "s";
+    std::string text = FormatDecimal(static_cast<double>(frames) / FramesPerSecond, 3);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.')
+        text.pop_back();
+    return text + "s";
 }
 
 const char* Prefix(LeadSystem system)

@@ -66,7 +66,7 @@ void LiveMonitor::SelectLeadSystem(int index)
     else
         WatchChannel(frankHeartChannel, labels::VectorLeads[1]);
     view_.ShowLeadCaptions(System());
-    StopFeed();
+    HaltFeed();
     link_.StopStream();
     if (HasBox())
         StartFeed();
@@ -105,8 +105,10 @@ void LiveMonitor::ComeToFront()
 
 void LiveMonitor::LeaveFront()
 {
-    if (!state_.KeepStreaming)
-        StopFeed();
+    if (state_.KeepStreaming)
+        return;
+    HaltFeed();
+    link_.SendDeviceCommand(wire::Command::Stream, 0);
 }
 
 void LiveMonitor::StartFeed()
@@ -120,9 +122,9 @@ void LiveMonitor::StartFeed()
     lastBytesMs_ = clock_.Milliseconds();
 }
 
-void LiveMonitor::StopFeed()
+// What the box is told is the caller's.
+void LiveMonitor::HaltFeed()
 {
-    link_.SendDeviceCommand(wire::Command::Stream, 0);
     streaming_ = false;
     demo_.Stop();
     view_.EnableTimer(MainTimer::Demo, false);
@@ -138,7 +140,7 @@ void LiveMonitor::OpenDemoData()
 
 void LiveMonitor::Shutdown()
 {
-    StopFeed();
+    HaltFeed();
     link_.StopStream();
     demo_.Close();
     port_.Close();
@@ -205,8 +207,16 @@ void LiveMonitor::OnPortLost()
 {
     if (!HasBox())
         return;
-    boxLost_ = true;
-    view_.ShowNoDevice(true);
+    ShowBoxLost(true);
+}
+
+void LiveMonitor::ShowBoxLost(bool lost)
+{
+    boxLost_ = lost;
+    view_.ShowNoDevice(lost);
+    // Nobody measures the rate any more; the last one must not be taken for the patient's.
+    if (lost)
+        view_.ShowHeartRate({});
 }
 
 void LiveMonitor::OnSecond()
@@ -221,8 +231,7 @@ void LiveMonitor::OnSecond()
 // The demonstration never takes the place of a box that was there: nobody may take its ECG for the patient's.
 void LiveMonitor::TryReconnect()
 {
-    boxLost_ = !link_.Reconnect();
-    view_.ShowNoDevice(boxLost_);
+    ShowBoxLost(!link_.Reconnect());
     if (boxLost_)
         return;
     decoder_.Restart(link_.StreamKey());

@@ -80,9 +80,10 @@ private:
     LeadSystem System() const { return LeadSystemOf(state_.SysInfo); }
     bool HasBox() const { return state_.DevicePort != 0; }
     void StartFeed();
-    void StopFeed();
+    void HaltFeed();
     void OpenDemoData();
     void WatchChannel(int channel, const char* name);
+    void ShowBoxLost(bool lost);
     void TryReconnect();
 
     SharedState& state_;

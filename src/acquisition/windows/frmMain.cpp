@@ -62,12 +62,20 @@ frmMain::frmMain(const SharedState& state, const Pictures& pictures, Clock& cloc
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this] { FollowFocus(); });
 }
 
-frmMain::~frmMain() = default;
+// While the widget below is torn down the focus moves; nothing of this window is there any more to follow it.
+frmMain::~frmMain()
+{
+    disconnect(qGuiApp, nullptr, this, nullptr);
+}
 
 void frmMain::Connect(LiveMonitor& monitor, KeyPanel& keys)
 {
     monitor_ = &monitor;
     keys_ = &keys;
+    for (const auto& [number, keyPic] : keyPic_) {
+        keyPic->OnKeyDown = [this, key = number] { keys_->OnKeyDown(key); };
+        keyPic->OnKeyUp = [this, key = number](int x, int y) { keys_->OnKeyUp(key, x, y); };
+    }
     picture4_->OnNewSurfaces = [this](Surface& grid, Surface& trace) {
         monitor_->Display().UseSurfaces(grid, trace);
         monitor_->Display().DrawGrid();
@@ -177,7 +185,7 @@ void frmMain::ShowSelectors()
         combo1_[selector]->setCurrentIndex(index < items.size() ? index : -1);
     };
     const SysInfo& settings = state_.SysInfo;
-    fill(0, {"Wilson", "Frank"}, settings.LeadSystem);
+    fill(0, {"Wilson", "Frank"}, LeadSystemOf(settings) == LeadSystem::Frank ? 1 : 0);
     fill(1, {labels::Gains[0], labels::Gains[1], labels::Gains[2]}, settings.GainIndex);
     fill(2, {labels::Speeds[0], labels::Speeds[1], labels::Speeds[2]}, settings.SpeedIndex);
     for (std::size_t i = 0; i < filters.size(); ++i)

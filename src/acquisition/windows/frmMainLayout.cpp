@@ -70,8 +70,6 @@ void frmMain::MakeKey(const KeyEntry& entry)
         pictures_, {released, QString::number(entry.PressedPicture), released + "h", released + "d"}, this);
     keyPic->setObjectName(Indexed("KeyPic", entry.Key));
     keyPic->setFixedSize(entry.Width, entry.Height);
-    keyPic->OnKeyDown = [this, number = entry.Key] { keys_->OnKeyDown(number); };
-    keyPic->OnKeyUp = [this, number = entry.Key](int x, int y) { keys_->OnKeyUp(number, x, y); };
     style::SetHandCursor(*keyPic);
     keyPic_[entry.Key] = keyPic;
     if (entry.Caption != NoCaption)
