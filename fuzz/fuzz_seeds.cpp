@@ -1,8 +1,7 @@
 // Writes the inputs that fuzzing starts from: `fuzz_seeds FOLDER` fills FOLDER/decoder and FOLDER/settings.
+#include "box/WireFrame.h"
 #include "core/Settings.h"
-#include "core/formats/RecordSample.h"
 
-#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -22,38 +21,36 @@ bool Write(const std::filesystem::path& file, const Bytes& bytes)
     return out.good();
 }
 
-// A lead-off frame with the electrodes of `flags` off (flag n is bit n), or a status frame with filters of `flags`.
-void AppendFrame(Bytes& bytes, std::uint8_t key, bool status, unsigned flags, int value)
+void AppendFrame(Bytes& bytes, std::uint8_t key, FrameType type, FrameFlags flags, std::int16_t value)
 {
-    for (unsigned n = 0; n < 2 * ChannelCount; ++n) {
-        const unsigned start = n == 0 ? 0x80U | (status ? 0x40U : 0U) : (flags >> n & 1U) << 6;
-        const int data = n % 2 == 0 ? value / 64 : value % 64;
-        bytes.push_back(static_cast<std::uint8_t>((start | static_cast<unsigned>(data)) ^ key));
-    }
+    Frame frame;
+    frame.fill(value);
+    for (const std::uint8_t byte : EncodeFrame(frame, type, flags))
+        bytes.push_back(byte ^ key);
 }
 
 // All electrodes come on, one goes off and comes back, filters change, and a byte is lost on the way.
 Bytes StreamSeed(std::uint8_t key, std::uint8_t system, std::uint8_t chunk)
 {
-    constexpr unsigned limbOff = 1U << 2;
-    constexpr unsigned chestOff = 1U << 7;
-    constexpr unsigned someFilters = 0x155U << 1;
     Bytes bytes{key, system, chunk};
-    for (const unsigned off : {0U, limbOff, 0U, chestOff, 0U})
-        AppendFrame(bytes, key, false, off, 1000 + static_cast<int>(off));
-    AppendFrame(bytes, key, true, someFilters, 4095);
+    for (const FrameFlags off : {FrameFlags{0}, FrameFlag(2), FrameFlags{0}, FrameFlag(7), FrameFlags{0}})
+        AppendFrame(bytes, key, FrameType::LeadOff, off, 1000);
+    AppendFrame(bytes, key, FrameType::Status, StatusFlags({.Ac = 1, .Baseline = 2, .Muscle = 5}), SampleMask);
     bytes.pop_back();
-    AppendFrame(bytes, key, false, 0, 0);
+    AppendFrame(bytes, key, FrameType::LeadOff, 0, 0);
     return bytes;
 }
 
-// Long enough for a beat: a step after a quiet stretch.
+// Long enough for a beat: a step after a quiet stretch. Start bytes alone are frames too, and keep the seed short.
 Bytes BeatSeed()
 {
     constexpr int quietFrames = 150;
+    constexpr std::uint8_t startAtZero = 0x80 | ZeroLevel / 64;
+    constexpr std::uint8_t startAtStep = 0x80 | 3000 / 64;
     Bytes bytes{0, 0, 15};
-    for (int i = 0; i <= quietFrames + 2; ++i)
-        AppendFrame(bytes, 0, false, 0, i > quietFrames ? 3000 : 2048);
+    AppendFrame(bytes, 0, FrameType::LeadOff, 0, ZeroLevel);
+    bytes.insert(bytes.end(), quietFrames, startAtZero);
+    bytes.insert(bytes.end(), 3, startAtStep);
     return bytes;
 }
 
