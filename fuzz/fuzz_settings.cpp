@@ -62,6 +62,9 @@ void UseText(const FixedText<Width>& field)
     FixedText<Width> copy;
     copy.Set(text);
     Require(copy.Text() == text, "a text that was read fits its field again");
+    FixedText<Width / 2> narrow;
+    narrow.Set(text);
+    Require(text.starts_with(narrow.Text()), "a text is cut at the edge of a character");
 }
 
 void UseTexts(const SysInfo& settings)
