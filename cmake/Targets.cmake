@@ -12,7 +12,7 @@ target_include_directories(ecg_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
 if(ECG_SANITIZE)
   target_compile_options(ecg_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer $<$<CONFIG:Debug>:-O1>)
   target_link_options(ecg_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(ECG_FUZZ)

@@ -50,7 +50,7 @@ public:
     virtual void Fill(const Rect& area, Colour colour) = 0;
 
     // Copies `area` of `source` so that its top left corner comes to `to`. Both surfaces are of the same kind and
-    // unit; other sources are ignored.
+    // unit; other sources, and the surface itself, are ignored.
     virtual void Copy(const Surface& source, const Rect& area, Point to) = 0;
 
     virtual void SetPenWidth(double width) = 0;

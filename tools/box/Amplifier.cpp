@@ -191,7 +191,7 @@ bool Amplifier::IsOff(std::size_t channel) const
 
 void Amplifier::SetElectrode(int electrode, bool off)
 {
-    if (electrode < 1 || electrode > ElectrodeCount)
+    if (electrode < 1 || electrode > BoxElectrodeCount)
         return;
     const FrameFlags flag = FrameFlag(electrode);
     electrodesOff_ = static_cast<FrameFlags>(off ? electrodesOff_ | flag : electrodesOff_ & ~flag);

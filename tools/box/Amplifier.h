@@ -11,7 +11,7 @@
 
 namespace ecg {
 
-inline constexpr int ElectrodeCount = 10;
+inline constexpr int BoxElectrodeCount = 10;
 inline constexpr std::size_t IdentificationReplySize = 15;
 
 enum class StreamKind { Off, Wilson, Frank };

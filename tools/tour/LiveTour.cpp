@@ -1,78 +1,33 @@
 #include "tour/LiveTour.h"
 
-#include "app/Workstation.h"
 #include "box/BoxSimulator.h"
 #include "core/Labels.h"
+#include "tour/StartScene.h"
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QLineEdit>
 #include <QTabWidget>
 #include <QTest>
 
 namespace ecg {
 namespace {
 
-constexpr int sweepMs = 8600;      // of the trace at 25 mm/s
-constexpr int recoveryMs = 2600;   // of a lead recovery, with some grace
-constexpr int reconnectMs = 6000;  // until a box that is back has been taken up again
-constexpr int rateMs = 8000;       // until the detector knows a rate
-
-// The rate that the window shows, or 0.
-int ShownRate(TourDriver& tour, const QWidget& window)
-{
-    return tour.Find<QLabel>(window, "Label3_8").text().section(' ', 0, 0).toInt();
-}
-
-QImage Trace(TourDriver& tour, const QWidget& window)
-{
-    return tour.Find(window, "Picture4").grab().toImage();
-}
-
-void PlayStart(TourDriver& tour, Workstation& workstation)
-{
-    bool started = false;
-    const auto splash = [&] { started = workstation.StartUp(); };
-    const auto name = [&] {
-        tour.InWindow("frmSplash", splash, [&](QWidget& window) {
-            tour.Wait(1000);
-            tour.Picture(window, "splash");
-            QTest::keyClick(&window, Qt::Key_Return);
-        });
-    };
-    tour.InWindow("frmSelectName", name, [&](QWidget& window) {
-        auto& box = tour.Find<QLineEdit>(window, "Text1_0");
-        box.setFocus();
-        box.clear();
-        QTest::keyClicks(&box, "Dr Example");
-        tour.Picture(window, "select-name");
-        tour.Click(window, "Command1_0");
-    });
-    tour.Check(started && workstation.State().DoctorName == "Dr Example", "the doctor is known");
-    workstation.MainWindow().show();
-    tour.Wait(300);
-}
-
-void PlayExit(TourDriver& tour, Workstation& workstation)
-{
-    tour.Click(workstation.MainWindow(), "KeyPic_0");
-    tour.Check(!workstation.MainWindow().isVisible(), "the exit key closes the window");
-    tour.Check(std::filesystem::exists(workstation.State().SettingsFile()), "the settings are on the disk");
-}
+constexpr int recoveryMs = 2600;  // of a lead recovery, with some grace
+constexpr int reconnectMs = 6000; // until a box that is back has been taken up again
+constexpr int rateMs = 8000;      // until the detector knows a rate
 
 void PlaySpeedsAndGains(TourDriver& tour, QWidget& window)
 {
     for (int speed = 0; speed < 3; ++speed) {
         tour.Select(window, "Combo1_2", speed);
-        tour.Wait(speed == 0 ? 2 * sweepMs : sweepMs);
+        tour.Wait(speed == 0 ? 2 * SweepMs : SweepMs);
         tour.Picture(window, QString("speed-") + QString(labels::Speeds[static_cast<std::size_t>(speed)]).remove('/'));
     }
     tour.Select(window, "Combo1_2", 1);
     for (int gain = 1; gain >= 0; --gain) {
         tour.Select(window, "Combo1_1", gain + 1);
-        tour.Wait(sweepMs);
-        tour.Picture(window,
-                     QString("gain-") + QString(labels::Gains[static_cast<std::size_t>(gain) + 1]).remove('/'));
+        tour.Wait(SweepMs);
+        tour.Picture(window, QString("gain-") + QString(labels::Gains[static_cast<std::size_t>(gain) + 1]).remove('/'));
     }
     tour.Select(window, "Combo1_1", 0);
 }
@@ -146,7 +101,7 @@ void PlaySettings(TourDriver& tour, QWidget& window, const QString& language)
     });
 }
 
-}  // namespace
+} // namespace
 
 void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
 {
@@ -157,7 +112,7 @@ void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
     frmMain& window = workstation.MainWindow();
     tour.Check(workstation.State().DevicePort == 3, "the box is found on port 3");
     tour.Check(!tour.Find(window, "Picture6").isVisible(), "no notice of a missing box");
-    tour.Wait(sweepMs);
+    tour.Wait(SweepMs);
     tour.Picture(window, "live-from-the-box");
     const int rate = ShownRate(tour, window);
     tour.Check(rate >= 60 && rate <= 90, QString("the rate is %1 bpm").arg(rate));
@@ -178,7 +133,7 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     PlayStart(tour, workstation);
     frmMain& window = workstation.MainWindow();
     tour.Check(tour.Find(window, "Picture6").isVisible(), "the notice of the demonstration shows");
-    tour.Wait(sweepMs);
+    tour.Wait(SweepMs);
     const int rate = ShownRate(tour, window);
     tour.Check(rate >= 60 && rate <= 90, QString("the demonstration's rate is %1 bpm").arg(rate));
     tour.Picture(window, "demonstration");
@@ -187,7 +142,7 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     tour.Wait(200);
     tour.Picture(window, "baseline-return");
     tour.Select(window, "Combo1_0", 1);
-    tour.Wait(sweepMs);
+    tour.Wait(SweepMs);
     tour.Picture(window, "frank");
     tour.Check(tour.Find<QLabel>(window, "Label4_5").text() == "Y", "the Frank system watches lead Y");
 
@@ -197,7 +152,7 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     window.ShowExamination();
     tour.Select(window, "Combo1_0", 0);
     window.resize(1400, 900);
-    tour.Wait(sweepMs);
+    tour.Wait(SweepMs);
     tour.Picture(window, "english-larger");
     window.resize(1024, 768);
     tour.Wait(3000);
@@ -206,4 +161,4 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     PlayExit(tour, workstation);
 }
 
-}  // namespace ecg
+} // namespace ecg

@@ -36,8 +36,7 @@ public:
     void Select(const QWidget& window, const QString& selector, int index);
 
     // Runs `scene` on the blocking window of that name as soon as it has opened, then `open` may return.
-    void InWindow(const QString& window, const std::function<void()>& open,
-                  const std::function<void(QWidget&)>& scene);
+    void InWindow(const QString& window, const std::function<void()>& open, const std::function<void(QWidget&)>& scene);
 
     void Picture(QWidget& window, const QString& name);
 
@@ -54,4 +53,4 @@ private:
     int failures_ = 0;
 };
 
-}  // namespace ecg
+} // namespace ecg

@@ -1,13 +1,17 @@
 // ecg-tour FOLDER: drives the real windows with real events, checks what it can, and writes numbered pictures of them
 // into FOLDER. It works in a program folder of its own, so no stored data is touched.
+// ecg-tour FOLDER --faults MINUTES: the live ECG on a bad line for so long instead.
 #include "demo/DemoFiles.h"
 #include "platform/qt/Style.h"
+#include "tour/FaultTour.h"
 #include "tour/LiveTour.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -21,12 +25,21 @@ bool MakeProgramFolder(const std::filesystem::path& folder)
     return !error && ecg::WriteDemoFiles(folder / "Data").empty();
 }
 
-}  // namespace
+constexpr int shortestFaultTour = 2;
+
+// The minutes of a tour with faults, or 0.
+int FaultMinutes(int argc, char* argv[])
+{
+    return argc == 4 && std::strcmp(argv[2], "--faults") == 0 ? std::atoi(argv[3]) : 0;
+}
+
+} // namespace
 
 int main(int argc, char* argv[])
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: ecg-tour FOLDER\n");
+    const int faultMinutes = FaultMinutes(argc, argv);
+    if (argc != 2 && faultMinutes < shortestFaultTour) {
+        std::fprintf(stderr, "usage: ecg-tour FOLDER [--faults MINUTES]   (at least %d minutes)\n", shortestFaultTour);
         return 2;
     }
     const std::filesystem::path pictures = std::filesystem::absolute(argv[1]);
@@ -43,8 +56,12 @@ int main(int argc, char* argv[])
         return 1;
     }
     ecg::TourDriver tour(pictures);
-    ecg::TourWithBox(tour, program);
-    ecg::TourWithoutBox(tour, program);
+    if (faultMinutes > 0) {
+        ecg::TourWithFaults(tour, program, faultMinutes);
+    } else {
+        ecg::TourWithBox(tour, program);
+        ecg::TourWithoutBox(tour, program);
+    }
     std::printf("%d failure(s)\n", tour.FailureCount());
     return tour.FailureCount() == 0 ? 0 : 1;
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <vector>
 
 namespace ecg {
@@ -44,16 +45,6 @@ QtSurface::QtSurface(QPainter& painter, double width, double height, const Pictu
 void QtSurface::Fill(const Rect& area, Colour colour)
 {
     painter_.fillRect(QRectF(area.X, area.Y, area.Width, area.Height), ToQt(colour));
-}
-
-void QtSurface::Copy(const Surface& source, const Rect& area, Point to)
-{
-    const auto* images = dynamic_cast<const ImageSurface*>(&source);
-    if (images == nullptr)
-        return;
-    const double scale = images->Image().devicePixelRatio();
-    const QRectF from(area.X * scale, area.Y * scale, area.Width * scale, area.Height * scale);
-    painter_.drawImage(QRectF(to.X, to.Y, area.Width, area.Height), images->Image(), from);
 }
 
 QPen QtSurface::Pen(Colour colour) const
@@ -134,6 +125,34 @@ ImageSurface::ImageSurface(int width, int height, double scale, const Pictures& 
     : ImageCanvas(width, height, scale), QtSurface(Painter, std::max(width, 1), std::max(height, 1), pictures)
 {
     SetPixelCentres(0.5);
+}
+
+// A painter would take a strip of a scaled image through its general path, span by span, which is many times slower.
+void ImageSurface::Copy(const Surface& source, const Rect& area, Point to)
+{
+    const auto* other = dynamic_cast<const ImageSurface*>(&source);
+    const double scale = Pixels.devicePixelRatio();
+    if (other == nullptr || other == this || other->Pixels.devicePixelRatio() != scale)
+        return;
+    const QRect wanted =
+        QRectF(area.X * scale, area.Y * scale, area.Width * scale, area.Height * scale).toAlignedRect();
+    const QPoint shift =
+        QPoint(static_cast<int>(std::floor(to.X * scale)), static_cast<int>(std::floor(to.Y * scale))) -
+        wanted.topLeft();
+    const QRect from = wanted & other->Pixels.rect() & Pixels.rect().translated(-shift);
+    if (from.isEmpty())
+        return;
+    constexpr int pixelBytes = sizeof(QRgb);
+    const auto bytes = static_cast<std::size_t>(from.width() * pixelBytes);
+    const uchar* line = other->Pixels.constScanLine(from.top()) + from.left() * pixelBytes;
+    uchar* target = Pixels.scanLine(from.top() + shift.y()) + (from.left() + shift.x()) * pixelBytes;
+    const qsizetype lineStep = other->Pixels.bytesPerLine();
+    const qsizetype targetStep = Pixels.bytesPerLine();
+    for (int y = 0; y < from.height(); ++y) {
+        std::memcpy(target, line, bytes);
+        line += lineStep;
+        target += targetStep;
+    }
 }
 
 } // namespace ecg

@@ -18,7 +18,7 @@ public:
     double Height() const override { return height_; }
 
     void Fill(const Rect& area, Colour colour) override;
-    void Copy(const Surface& source, const Rect& area, Point to) override;
+    void Copy(const Surface&, const Rect&, Point) override {} // a page cannot be read again
     void SetPenWidth(double width) override { penWidth_ = width; }
     void Line(Point from, Point to, Colour colour) override;
     void Polyline(std::span<const Point> points, Colour colour) override;
@@ -56,6 +56,9 @@ class ImageSurface final : private ImageCanvas, public QtSurface {
 public:
     // `scale` is device pixels per pixel. A width or height below 1 counts as 1.
     ImageSurface(int width, int height, double scale, const Pictures& pictures);
+
+    // Copies whole device pixels, between images of one scale.
+    void Copy(const Surface& source, const Rect& area, Point to) override;
 
     const QImage& Image() const { return Pixels; }
 };
