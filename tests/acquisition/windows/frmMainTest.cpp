@@ -70,6 +70,9 @@ TEST_F(MainWindow, AClickOnACaptionHidesItsLeadAndWithShiftWatchesIt)
     Show();
     QTest::mouseClick(&Find<QLabel>(Window, "LeadDisp_3"), Qt::LeftButton);
     EXPECT_EQ(State.SysInfo.LeadShow[3], 0);
+    EXPECT_EQ(Monitor.Display().RowHeight(), RoundToInt(Trace().height() / 12.0));
+    QTest::mouseClick(&Find<QLabel>(Window, "LeadDisp_3"), Qt::LeftButton);
+    EXPECT_EQ(State.SysInfo.LeadShow[3], 1);
     QTest::mouseClick(&Find<QLabel>(Window, "LeadDisp_7"), Qt::LeftButton, Qt::ShiftModifier);
     EXPECT_EQ(LabelOf(Window, "Label4_5"), "V2");
     EXPECT_EQ(State.SysInfo.LeadShow[7], 1);
