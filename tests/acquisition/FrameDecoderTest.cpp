@@ -175,7 +175,10 @@ TEST(FrameDecoder, GarbageNeverSpoilsTheNextGoodFrame)
 {
     const Frame sent = SineFrames(7).back();
     Receiver receiver;
-    receiver.Receive(Bytes(100000, 0x3F));
+    receiver.Receive(Bytes(15, 0x3F));
+    receiver.Electrodes.clear();
+    receiver.Receive(Bytes(100000, 0x7F));
+    EXPECT_THAT(receiver.Electrodes, IsEmpty()) << "flags behind the end of a frame mean nothing";
     EXPECT_EQ(receiver.Take(sent), sent) << "after 100,000 bytes without a start byte";
     std::mt19937 random(1);
     for (int round = 0; round < 2000; ++round) {

@@ -44,12 +44,10 @@ protected:
 
     QString PictureOf(const std::string& name) { return Find<PictureBox>(Window, name).Picture(); }
     QWidget& Trace() { return Find<QWidget>(Window, "Picture4"); }
-    // As it is seen, over what lies behind it.
+    // As it is seen, over what lies behind it; painted alone, as part of the widget.
     QColor PixelOf(QWidget& widget, int x, int y)
     {
-        const QImage image = Window.grab(QRect(widget.mapTo(&Window, QPoint()), widget.size())).toImage();
-        const double scale = image.devicePixelRatio();
-        return image.pixelColor(static_cast<int>(x * scale), static_cast<int>(y * scale));
+        return Window.grab(QRect(widget.mapTo(&Window, QPoint(x, y)), QSize(1, 1))).toImage().pixelColor(0, 0);
     }
 
     TemporaryDataFolder Folder;
