@@ -100,6 +100,9 @@ TEST(FrameDecoder, AMissingElectrodeBlanksItsChannelsAndNoOthers)
             else
                 expected.at(static_cast<std::size_t>(electrode - 3)) = 2048; // 5 to 10 are V1 to V6, channels 2 to 7
             Receiver receiver(system);
+            const Frame unknown = receiver.Take(sent, 0, FrameKind::Status);
+            EXPECT_EQ(unknown[0], 2048) << "no signal before the box has spoken of its electrodes";
+            EXPECT_EQ(unknown[7], system == LeadSystem::Wilson ? 2048 : 64);
             EXPECT_EQ(receiver.Take(sent, Off(electrode)), expected) << "electrode " << electrode;
             EXPECT_EQ(receiver.Take(sent), sent) << "and back on";
         }
@@ -108,32 +111,20 @@ TEST(FrameDecoder, AMissingElectrodeBlanksItsChannelsAndNoOthers)
     EXPECT_EQ(receiver.Take(sent, 0x7C00), sent) << "flags 11 to 15 are no electrodes";
 }
 
-TEST(FrameDecoder, ShowsNoSignalBeforeTheBoxHasSpokenOfItsElectrodes)
-{
-    const Frame sent = LevelFrame(3000);
-    Receiver wilson;
-    EXPECT_EQ(wilson.Take(sent, 0, FrameKind::Status), LevelFrame(2048));
-    Receiver frank(LeadSystem::Frank);
-    EXPECT_EQ(frank.Take(sent, 0, FrameKind::Status), (Frame{2048, 2048, 2048, 2048, 2048, 2048, 3000, 3000}));
-}
-
 TEST(FrameDecoder, TellsEachReconnectOnce)
 {
-    struct Step {
-        unsigned Off;
-        int Reconnects;
-    };
-    const std::vector<Step> steps{{0, 0},      // the first lead-off frame finds all electrodes on
-                                  {Off(2), 0}, //
-                                  {Off(2) | Off(7) | Off(10), 0},
-                                  {Off(7) | Off(10), 1}, // others are still off
-                                  {Off(7) | Off(10), 1},
-                                  {Off(7) | Off(1), 2}, // one on, another off, in the same frame
-                                  {0, 3}};              // two at once are one reconnect
+    // Electrodes that are off, and the reconnects so far.
+    const std::vector<std::pair<unsigned, int>> steps{{0, 0}, // the first lead-off frame finds all on
+                                                      {Off(2), 0},
+                                                      {Off(2) | Off(7) | Off(10), 0},
+                                                      {Off(7) | Off(10), 1}, // others are still off
+                                                      {Off(7) | Off(10), 1},
+                                                      {Off(7) | Off(1), 2}, // one on, another off, in one frame
+                                                      {0, 3}};              // two at once are one reconnect
     Receiver receiver;
-    for (const Step& step : steps) {
-        receiver.Take(LevelFrame(2048), step.Off);
-        EXPECT_EQ(receiver.Reconnects, step.Reconnects) << std::hex << step.Off;
+    for (const auto& [off, reconnects] : steps) {
+        receiver.Take(LevelFrame(2048), off);
+        EXPECT_EQ(receiver.Reconnects, reconnects) << std::hex << off;
     }
     receiver.Electrodes.clear();
     receiver.Take(LevelFrame(2048), Off(9));

@@ -82,15 +82,6 @@ TEST_F(FramePathTest, DrawsAColumnAtTheStepOfSystemAndSpeed)
     }
 }
 
-TEST_F(FramePathTest, ABeatIsMarkedInTheNextColumnThatIsDrawn)
-{
-    State.SysInfo.SpeedIndex = 0;
-    Take(LeadSystem::Wilson, BeatFrames(230, {202}));
-    EXPECT_THAT(RrCounts, ElementsAre(202));
-    for (const auto& [frame, beat] : Columns)
-        EXPECT_EQ(beat, frame == 211) << frame;
-}
-
 TEST_F(FramePathTest, FreezingStopsOnlyTheColumns)
 {
     State.SysInfo.SpeedIndex = 1;

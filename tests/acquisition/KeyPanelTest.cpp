@@ -46,21 +46,7 @@ TEST_F(KeyPanelTest, DeadKeysDoNotEvenMove)
             View.KeyPictures.clear();
         }
     }
-    Keys.PressKey(key::BaseLine);
-    Keys.PressKey(key::Setup);
     EXPECT_THAT(Windows.Opened, IsEmpty());
-}
-
-TEST_F(KeyPanelTest, FreezeHoldsTheTraceAndLetsItGoFromTheLeft)
-{
-    StartDemo();
-    RunDemo(1000);
-    Keys.PressKey(key::Freeze);
-    RunDemo(1000);
-    EXPECT_THAT(Trace.Lines, IsEmpty());
-    Keys.PressKey(key::Freeze);
-    EXPECT_EQ(Monitor.Display().SweepX(), 0);
-    EXPECT_THAT(View.Lamps, ElementsAre(Pair(Lamp::Freeze, true), Pair(Lamp::Freeze, false)));
 }
 
 TEST_F(KeyPanelTest, ExitSavesTheSettingsAndStopsEverything)
@@ -78,7 +64,7 @@ TEST_F(KeyPanelTest, ExitSavesTheSettingsAndStopsEverything)
     EXPECT_THAT(Messages.Shown, IsEmpty());
 }
 
-TEST_F(KeyPanelTest, ExitSaysWhenTheSettingsCannotBeSavedAndEndsAllTheSame)
+TEST_F(KeyPanelTest, ExitSaysWhenTheSettingsCannotBeSaved)
 {
     std::filesystem::remove_all(State.Folders.Data);
     Keys.PressKey(key::Exit);
@@ -105,44 +91,25 @@ TEST_F(KeyPanelTest, SetupAppliesWhatWasChangedBeneathTheSelectors)
     EXPECT_THAT(View.Calls, ElementsAre("selectors"));
 }
 
-TEST_F(KeyPanelTest, HelpKeepsTheStreamBeneathIt)
+TEST_F(KeyPanelTest, WindowsOverARecordingKeepItsStreamAlsoWhenTheyAreMissing)
 {
     for (const auto& [number, window, context] :
-         {std::tuple{key::Help, WindowName::frmZSK, 255}, std::tuple{key::Knowledge, WindowName::frmResult, 254}}) {
-        bool opened = false;
-        Windows.Scripts[window] = [&, expected = context] {
+         {std::tuple{key::Help, WindowName::frmZSK, 255}, std::tuple{key::Knowledge, WindowName::frmResult, 254},
+          std::tuple{key::Event, WindowName::frmNote, 254}}) {
+        State.ExamState = number == key::Event ? ExamState::Sampling : ExamState::Waiting;
+        Keys.PressKey(number);
+        EXPECT_EQ(Messages.Shown.size(), 1U) << "there is no such window";
+        Messages.Shown.clear();
+        Windows.Scripts[window] = [this, expected = context] {
             EXPECT_TRUE(State.KeepStreaming);
             EXPECT_EQ(State.HelpContext, expected);
-            opened = true;
         };
         Keys.PressKey(number);
-        EXPECT_TRUE(opened);
         EXPECT_FALSE(State.KeepStreaming);
+        EXPECT_EQ(Windows.Opened, std::vector(2, window));
+        Windows.Opened.clear();
     }
-}
-
-TEST_F(KeyPanelTest, OpensEventsOnlyWhileSampling)
-{
-    Windows.Scripts[WindowName::frmNote] = [this] { EXPECT_TRUE(State.KeepStreaming); };
-    Keys.PressKey(key::Event);
-    EXPECT_THAT(Windows.Opened, IsEmpty());
-    State.ExamState = ExamState::Sampling;
-    Keys.PressKey(key::Event);
-    EXPECT_THAT(Windows.Opened, ElementsAre(WindowName::frmNote));
-    EXPECT_FALSE(State.KeepStreaming);
-    EXPECT_THAT(View.Lamps, ElementsAre(Pair(Lamp::Event, true), Pair(Lamp::Event, false)));
-}
-
-TEST_F(KeyPanelTest, SaysSoWhenThereIsNoSuchWindow)
-{
-    for (const int number : {key::Help, key::Knowledge, key::DataBase, key::Go}) {
-        Messages.Shown.clear();
-        Keys.PressKey(number);
-        EXPECT_EQ(Messages.Shown.size(), 1U) << "key " << number;
-        EXPECT_FALSE(State.KeepStreaming);
-    }
-    EXPECT_EQ(State.PatInputMode, 2);
-    EXPECT_EQ(State.ExamState, ExamState::Waiting);
+    EXPECT_THAT(Messages.Shown, IsEmpty());
 }
 
 } // namespace

@@ -158,18 +158,10 @@ TEST_F(LiveDisplayTest, JoinsTheColumnsAndRoundsTiesToEven)
     DrawWilson(39);
     DrawWilson(1, LevelFrame(2048 + 113));
     EXPECT_THAT(Trace.Lines, ElementsAre(RecordingSurface::LineOp{{39, 325}, {40, 315}, ink}));
-    DrawWilson(1, LevelFrame(2048 - 226));
-    EXPECT_THAT(Trace.Lines, ElementsAre(RecordingSurface::LineOp{{40, 315}, {41, 345}, ink}));
-}
-
-TEST_F(LiveDisplayTest, TicksABeatAtTheTop)
-{
-    ShowLeads({6});
-    DrawWilson(30);
-    EXPECT_EQ(Trace.Lines.size(), 1U);
-    DrawWilson(1, LevelFrame(2048), true);
-    ASSERT_EQ(Trace.Lines.size(), 2U);
-    EXPECT_EQ(Trace.Lines[1], (RecordingSurface::LineOp{{31, 0}, {31, 5}, {255, 0, 0}}));
+    DrawWilson(1, LevelFrame(2048 - 226), true);
+    EXPECT_THAT(Trace.Lines, ElementsAre(RecordingSurface::LineOp{{40, 315}, {41, 345}, ink},
+                                         RecordingSurface::LineOp{{41, 0}, {41, 5}, {255, 0, 0}}))
+        << "with the tick of a beat";
 }
 
 TEST_F(LiveDisplayTest, CaptionsRideOnTheTraceAndAreRepaintedWhenSweptOver)
@@ -181,16 +173,6 @@ TEST_F(LiveDisplayTest, CaptionsRideOnTheTraceAndAreRepaintedWhenSweptOver)
     EXPECT_EQ(View.CaptionRepaints, 0);
     DrawWilson(1);
     EXPECT_EQ(View.CaptionRepaints, 1) << "column 26 is where they end";
-}
-
-TEST_F(LiveDisplayTest, ColoursTheTraceByWhatIsGoingOn)
-{
-    for (const ExamState state : {ExamState::Waiting, ExamState::Ready}) {
-        EXPECT_EQ(Display.PickTraceColour(state, false), (Colour{255, 255, 0}));
-        EXPECT_EQ(Display.PickTraceColour(state, true), (Colour{80, 80, 0}));
-    }
-    EXPECT_EQ(Display.PickTraceColour(ExamState::Sampling, false), (Colour{0, 255, 0}));
-    EXPECT_EQ(Display.PickTraceColour(ExamState::Sampling, true), (Colour{80, 80, 0}));
 }
 
 TEST(LeadDerivation, MakesTwelveLeadsOfEightChannels)

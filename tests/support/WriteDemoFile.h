@@ -11,10 +11,10 @@ namespace ecg {
 
 inline void WriteDemoFile(const std::filesystem::path& path, const std::vector<Frame>& frames)
 {
-    std::vector<RecordSample> slots(static_cast<std::size_t>(FirstSampleSlot - 1));
+    std::vector<RecordSample> records(static_cast<std::size_t>(FirstSampleSlot - 1));
     for (const Frame& frame : frames)
-        slots.push_back(ToSample(frame));
-    ReplaceFile(path, std::as_bytes(std::span(slots)));
+        records.push_back(ToSample(frame));
+    ReplaceFile(path, std::as_bytes(std::span(records)));
 }
 
 } // namespace ecg

@@ -318,13 +318,13 @@ void frmMain::showEvent(QShowEvent* event)
     keyPic_[key::Go]->setFocus();
 }
 
-// The window manager's close button is the exit key.
+// The window manager's close button is the exit key. A window that is asked to close while it closes does nothing, so
+// it goes on to close here, not where the key says it.
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    if (!closing_ && keys_ != nullptr) {
-        event->ignore();
+    if (!std::exchange(closing_, true) && keys_ != nullptr)
         keys_->PressKey(key::Exit);
-    }
+    event->accept();
 }
 
 void frmMain::keyPressEvent(QKeyEvent* event)

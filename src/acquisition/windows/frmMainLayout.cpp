@@ -11,7 +11,7 @@ namespace ecg {
 namespace {
 
 constexpr int topHeight = 72;
-constexpr int panelWidth = 184;
+constexpr int panelWidth = 192;
 constexpr int tickerWidth = 100; // the last 100 pixels of the design width
 constexpr int electrodeWidth = 26;
 constexpr int lampSize = 11;
