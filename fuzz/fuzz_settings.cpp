@@ -67,6 +67,7 @@ void UseText(const FixedText<Width>& field)
     Require(text.starts_with(narrow.Text()), "a text is cut at the edge of a character");
 }
 
+// All but the reserved names, which nothing reads.
 void UseTexts(const SysInfo& settings)
 {
     UseText(settings.HospitalName);
@@ -80,7 +81,6 @@ void UseTexts(const SysInfo& settings)
             UseText(field);
     };
     useAll(settings.ClassName);
-    useAll(settings.ReservedNames);
     useAll(settings.CustomItemName);
     useAll(settings.DoctorNames);
 }

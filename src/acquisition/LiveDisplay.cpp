@@ -1,12 +1,13 @@
 #include "acquisition/LiveDisplay.h"
 
 #include "acquisition/LeadDerivation.h"
+#include "core/MmGrid.h"
 #include "core/Numbers.h"
 
 namespace ecg {
 namespace {
 
-constexpr int tile = 20;         // pixels: 5 mm
+constexpr int tile = 5 * PixelsPerMm;         // pixels: 5 mm
 constexpr int eraseWidth = 4;    // pixels
 constexpr int captionDrop = 4;   // pixels from the trace down to its caption
 constexpr double tickLength = 5; // pixels
@@ -36,17 +37,9 @@ void LiveDisplay::DrawGrid()
 {
     if (grid_ == nullptr)
         return;
-    const double width = grid_->Width();
-    const double height = grid_->Height();
-    const auto lines = [&](int step, Colour colour) {
-        for (int x = 0; x < width; x += step)
-            grid_->Fill({static_cast<double>(x), 0, 1, height}, colour);
-        for (int y = 0; y < height; y += step)
-            grid_->Fill({0, static_cast<double>(y), width, 1}, colour);
-    };
-    grid_->Fill({0, 0, width, height}, ToColour(settings_.PaperBack));
-    lines(PixelsPerMm, ToColour(settings_.Grid1mm));
-    lines(tile, ToColour(settings_.Grid5mm));
+    const Rect paper{0, 0, grid_->Width(), grid_->Height()};
+    grid_->Fill(paper, ToColour(settings_.PaperBack));
+    DrawMmGrid(*grid_, paper, PixelsPerMm, {ToColour(settings_.Grid5mm), ToColour(settings_.Grid1mm)});
 }
 
 void LiveDisplay::LayoutLeadRows()

@@ -29,7 +29,6 @@ public:
 
 class LiveDisplay {
 public:
-    static constexpr int PixelsPerMm = 4;
     static constexpr int CaptionWidth = 26;  // pixels; hidden leads stand this far apart
     static constexpr int CaptionHeight = 11; // pixels that a hidden lead's caption stands above the lower edge
 

@@ -3,10 +3,21 @@
 #include "acquisition/StartUp.h"
 
 namespace ecg {
+namespace {
+
+// The name window comes before the language is set; there only a stored 2 is English, and its messages follow it.
+bool SpeaksChinese(const SharedState& state)
+{
+    constexpr Byte englishNames = 2;
+    return state.DoctorName.empty() ? state.SysInfo.Language != englishNames : state.Chinese();
+}
+
+} // namespace
+
 
 Workstation::Workstation(const std::filesystem::path& programFolder, const QString& pdfFile)
     : pictures_(programFolder / "pictures"), port_(programFolder), printer_(pictures_, pdfFile),
-      messages_([this] { return state_.Chinese(); }), windows_(state_, messages_, printer_, pictures_),
+      messages_([this] { return SpeaksChinese(state_); }), windows_(state_, messages_, printer_, pictures_),
       main_(state_, pictures_, clock_), monitor_(state_, port_, clock_, messages_, main_),
       keys_(state_, monitor_, main_, windows_, messages_)
 {

@@ -46,14 +46,13 @@ protected:
         }
     }
 
-    // The colour that the fills leave at a place.
-    Colour GridAt(int x, int y) const
+    // The colour that the grid leaves at a place.
+    Colour GridAt(double x, double y) const
     {
-        Colour colour{255, 255, 255};
-        for (const auto& fill : Grid.Fills)
-            if (fill.Area.X <= x && x < fill.Area.X + fill.Area.Width && fill.Area.Y <= y &&
-                y < fill.Area.Y + fill.Area.Height)
-                colour = fill.Ink;
+        Colour colour = Grid.Fills.back().Ink;
+        for (const auto& line : Grid.Lines)
+            if ((line.From.X == x && line.To.X == x) || (line.From.Y == y && line.To.Y == y))
+                colour = line.Ink;
         return colour;
     }
 
