@@ -48,11 +48,13 @@ LiveMonitor::~LiveMonitor()
 
 void LiveMonitor::FindBox()
 {
+    view_.ShowBusy(true);
     link_.FindDevice();
     if (!HasBox())
         link_.FindDevice();
     decoder_.Restart(link_.StreamKey());
     view_.ShowNoDevice(!HasBox());
+    view_.ShowBusy(false);
 }
 
 void LiveMonitor::SelectLeadSystem(int index)

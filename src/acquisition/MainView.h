@@ -37,6 +37,8 @@ public:
     virtual void ShowLamp(Lamp lamp, bool lit) = 0;                               // `Image1`
     virtual void ShowSampledTime(LeadSystem system, const std::string& text) = 0; // `Label3` 3 and 6
 
+    virtual void ShowBusy(bool busy) = 0; // the cursor that says to wait
+
     virtual void CloseWindow() = 0;
 };
 

@@ -16,6 +16,15 @@ WindowSet::WindowSet(SharedState& state, MessageBox& messages, Printer& printer,
 
 bool WindowSet::ShowBlocking(WindowName window)
 {
+    const bool shown = Run(window);
+    // Not every window system gives the front back by itself, and the trace waits for it.
+    if (shown && parent_ != nullptr)
+        parent_->activateWindow();
+    return shown;
+}
+
+bool WindowSet::Run(WindowName window)
+{
     switch (window) {
     case WindowName::frmSelectName:
         frmSelectName(state_, messages_, parent_).exec();

@@ -24,6 +24,8 @@ public:
     void PumpMessages() override;
 
 private:
+    bool Run(WindowName window);
+
     SharedState& state_;
     MessageBox& messages_;
     Printer& printer_;

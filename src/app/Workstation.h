@@ -24,6 +24,7 @@ public:
 
     SharedState& State() { return state_; }
     frmMain& MainWindow() { return main_; }
+    WindowOpener& Windows() { return windows_; }
 
 private:
     SharedState state_;

@@ -43,6 +43,7 @@ public:
     void ShowKeyPressed(int key, bool pressed) override { KeyPictures.emplace_back(key, pressed); }
     void ShowLamp(Lamp lamp, bool lit) override { Lamps.emplace_back(lamp, lit); }
     void ShowSampledTime(LeadSystem, const std::string& text) override { SampledTime = text; }
+    void ShowBusy(bool busy) override { BusyNow = busy; }
     void CloseWindow() override { Closed = true; }
 
     bool IsRunning(MainTimer timer) const { return Running.count(timer) != 0; }
@@ -63,6 +64,7 @@ public:
     std::vector<std::pair<int, bool>> KeyPictures; // key, pressed
     std::vector<std::pair<Lamp, bool>> Lamps;
     std::string SampledTime;
+    bool BusyNow = false;
     bool Closed = false;
 };
 

@@ -86,6 +86,24 @@ void PlayUnplug(TourDriver& tour, QWidget& window, BoxSimulator& box)
     tour.Check(tour.WaitUntil([&] { return ShownRate(tour, window) > 0; }, rateMs), "beats are found again");
 }
 
+void PlayMessage(TourDriver& tour, Workstation& workstation, const QString& language)
+{
+    SharedState& state = workstation.State();
+    const bool chinese = state.Chinese();
+    state.MsgTitle = Twin{"患者编号", "Patient number"}.In(chinese);
+    state.MsgLines = {Twin{"该患者编号已经存在。", "This patient number exists already."}.In(chinese),
+                      Twin{"请输入另一个编号：", "Please enter another one:"}.In(chinese)};
+    state.MsgButtons = "YesNo";
+    state.MsgShowText = true;
+    state.MsgDefaultText = "000000123";
+    const auto open = [&] { workstation.Windows().ShowBlocking(WindowName::frmMsg); };
+    tour.InWindow("frmMsg", open, [&](QWidget& window) {
+        tour.Picture(window, "message-" + language);
+        tour.Click(window, "Command1_0");
+    });
+    tour.Check(state.MsgResult == 0 && state.MsgInputText == "000000123", "the message gives back what was answered");
+}
+
 void PlaySettings(TourDriver& tour, QWidget& window, const QString& language)
 {
     const auto open = [&] { tour.Click(window, "KeyPic_10"); };
@@ -123,6 +141,7 @@ void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
     PlayFreeze(tour, window);
     PlayElectrode(tour, window, box);
     PlayUnplug(tour, window, box);
+    PlayMessage(tour, workstation, "zh");
     PlaySettings(tour, window, "zh");
     PlayExit(tour, workstation);
 }
@@ -157,6 +176,7 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     window.resize(1024, 768);
     tour.Wait(3000);
     tour.Picture(window, "english");
+    PlayMessage(tour, workstation, "en");
     PlaySettings(tour, window, "en");
     PlayExit(tour, workstation);
 }

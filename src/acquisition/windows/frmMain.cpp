@@ -304,6 +304,14 @@ void frmMain::Select(std::size_t selector, int index)
     }
 }
 
+void frmMain::ShowBusy(bool busy)
+{
+    if (busy)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
 void frmMain::CloseWindow()
 {
     closing_ = true;

@@ -54,6 +54,7 @@ public:
     void ShowKeyPressed(int key, bool pressed) override;
     void ShowLamp(Lamp lamp, bool lit) override;
     void ShowSampledTime(LeadSystem system, const std::string& text) override;
+    void ShowBusy(bool busy) override;
     void CloseWindow() override;
 
 protected:
