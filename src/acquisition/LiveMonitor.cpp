@@ -223,7 +223,8 @@ void LiveMonitor::ShowBoxLost(bool lost)
 
 void LiveMonitor::OnSecond()
 {
-    if (!HasBox())
+    // Inside the receive event the port's bytes are still in use.
+    if (!HasBox() || receiving_)
         return;
     const bool silent = streaming_ && clock_.Milliseconds() - lastBytesMs_ > silenceMs;
     if (boxLost_ || silent)

@@ -100,11 +100,15 @@ void frmMain::MakeTimers()
         if (monitor_ != nullptr)
             monitor_->OnSecond();
     });
-    connect(timer_[2], &QTimer::timeout, this, [this] { monitor_->OnHeartLightTick(); });
+    connect(timer_[2], &QTimer::timeout, this, [this] {
+        if (monitor_ != nullptr)
+            monitor_->OnHeartLightTick();
+    });
     connect(timer_[3], &QTimer::timeout, this, [this] { monitor_->OnDemoTick(); });
     connect(timer_[4], &QTimer::timeout, this, [this] { MoveTicker(); });
     connect(timer_[6], &QTimer::timeout, this, [this] { monitor_->OnRecoveryTick(); });
     timer_[1]->start();
+    timer_[2]->start();
     ShowClock();
 }
 
