@@ -1,5 +1,7 @@
 #include "acquisition/KeyPanel.h"
 
+#include "core/Labels.h"
+
 namespace ecg {
 namespace {
 
@@ -79,7 +81,7 @@ void KeyPanel::Act(int number)
 void KeyPanel::Exit()
 {
     if (!WriteSettings(state_.SettingsFile(), state_.SysInfo))
-        messages_.Tell(notSaved.In(state_.Chinese()));
+        messages_.Tell(notSaved.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
     monitor_.Shutdown();
     windows_.Close(WindowName::frmPat);
     view_.CloseWindow();
@@ -139,7 +141,7 @@ void KeyPanel::StandardExamination()
 
 void KeyPanel::TellMissing()
 {
-    messages_.Tell(missing.In(state_.Chinese()));
+    messages_.Tell(missing.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
 }
 
 } // namespace ecg

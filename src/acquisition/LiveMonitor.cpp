@@ -137,7 +137,7 @@ void LiveMonitor::OpenDemoData()
     const bool opened = demo_.OpenDemoData(state_.Folders.Data, System());
     view_.EnableTimer(MainTimer::Demo, opened);
     if (!opened)
-        messages_.Tell(noDemoFile.In(state_.Chinese()));
+        messages_.Tell(noDemoFile.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
 }
 
 void LiveMonitor::Shutdown()

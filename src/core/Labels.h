@@ -7,6 +7,9 @@
 
 namespace ecg::labels {
 
+// The name of the program, on its windows and messages.
+inline constexpr Twin Program{"心电工作站", "ECG Workstation"};
+
 inline constexpr std::array<Twin, 7> Weekdays{{{"星期日", "Sunday"},
                                                {"星期一", "Monday"},
                                                {"星期二", "Tuesday"},

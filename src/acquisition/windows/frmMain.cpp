@@ -18,7 +18,6 @@ namespace {
 // does not matter; a finer one would only wake the machine more often.
 constexpr std::array<int, 7> timerMs{0, 1000, 200, 10, 200, 1000, 50};
 
-constexpr Twin programTitle{"心电工作站", "ECG Workstation"};
 constexpr Twin recoveryNotice{"电极已连接\n基线恢复中…", "Electrode back\nrecovering …"};
 constexpr Twin demoNotice{"未找到采集盒\n当前为演示波形", "No amplifier box\ndemonstration only"};
 constexpr Twin lostNotice{"采集盒连接中断\n正在重新连接…", "Amplifier box lost\nreconnecting …"};
@@ -152,7 +151,7 @@ void frmMain::ShowTexts()
 {
     const bool chinese = state_.Chinese();
     const auto set = [chinese](QLabel* label, Twin text) { label->setText(text.In(chinese)); };
-    setWindowTitle(programTitle.In(chinese));
+    setWindowTitle(labels::Program.In(chinese));
     set(label3_[20], {"功能", "Function"});
     set(label3_[1], {"控制", "Control"});
     set(label3_[0], {"常用", "Normal"});
