@@ -142,7 +142,7 @@ void ImageSurface::Copy(const Surface& source, const Rect& area, Point to)
     const QRect from = wanted & other->Pixels.rect() & Pixels.rect().translated(-shift);
     if (from.isEmpty())
         return;
-    constexpr int pixelBytes = sizeof(QRgb);
+    constexpr qsizetype pixelBytes = sizeof(QRgb);
     const auto bytes = static_cast<std::size_t>(from.width() * pixelBytes);
     const uchar* line = other->Pixels.constScanLine(from.top()) + from.left() * pixelBytes;
     uchar* target = Pixels.scanLine(from.top() + shift.y()) + (from.left() + shift.x()) * pixelBytes;
