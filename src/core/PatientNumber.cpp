@@ -14,4 +14,10 @@ std::string PatientFolderName(std::string_view number)
     return name;
 }
 
+bool IsFolderName(std::string_view name)
+{
+    constexpr std::string_view separators{"/\\\0", 3};
+    return !name.empty() && name != "." && name != ".." && name.find_first_of(separators) == std::string_view::npos;
+}
+
 } // namespace ecg

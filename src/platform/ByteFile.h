@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <span>
 
@@ -33,6 +34,9 @@ enum class OpenMode {
 
 // Opens a file of the disk; null when that fails.
 std::unique_ptr<ByteFile> OpenFile(const std::filesystem::path& path, OpenMode mode);
+
+// `OpenFile`, or what a test puts in its place.
+using FileOpener = std::function<std::unique_ptr<ByteFile>(const std::filesystem::path&, OpenMode)>;
 
 // Puts `bytes` in the place of the whole file: written aside, flushed, then renamed over the old one, so that a
 // crash leaves the one or the other. False when the old file stands unchanged.
