@@ -13,7 +13,7 @@ public:
     virtual ~SamplingSink() = default;
 
     virtual void WriteSample(std::int32_t slot, const RecordSample& sample) = 0;
-    virtual void LimitReached() = 0; // the time of the sampling is up
+    virtual void LimitReached() = 0; // the time of the sampling is up; more frames may be on their way
 };
 
 // What the frame path hands on.

@@ -7,10 +7,10 @@
 namespace ecg {
 namespace {
 
-constexpr int tile = 5 * PixelsPerMm;         // pixels: 5 mm
-constexpr int eraseWidth = 4;    // pixels
-constexpr int captionDrop = 4;   // pixels from the trace down to its caption
-constexpr double tickLength = 5; // pixels
+constexpr int tile = 5 * PixelsPerMm; // pixels: 5 mm
+constexpr int eraseWidth = 4;         // pixels
+constexpr int captionDrop = 4;        // pixels from the trace down to its caption
+constexpr double tickLength = 5;      // pixels
 constexpr Colour beatRed{255, 0, 0};
 
 constexpr std::array<float, 3> gainScale{11.3F, 5.65F, 2.825F}; // counts a pixel, by gain index

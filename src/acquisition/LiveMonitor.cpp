@@ -107,10 +107,20 @@ void LiveMonitor::ComeToFront()
 
 void LiveMonitor::LeaveFront()
 {
-    if (state_.KeepStreaming)
-        return;
+    if (!state_.KeepStreaming)
+        StopFeed();
+}
+
+void LiveMonitor::StopFeed()
+{
     HaltFeed();
     link_.SendDeviceCommand(wire::Command::Stream, 0);
+}
+
+void LiveMonitor::SetExamination(RunningExamination* examination)
+{
+    examination_ = examination;
+    path_.SetSamplingSink(examination);
 }
 
 void LiveMonitor::StartFeed()
@@ -281,7 +291,11 @@ void LiveMonitor::OnRecoveryTick()
     leadRecovering_ = false;
     view_.EnableTimer(MainTimer::Recovery, false);
     ReturnBaseline();
-    display_.ResetSweep();
+    // A record never holds the settling behind a reconnect.
+    if (state_.ExamState == ExamState::Sampling && examination_ != nullptr)
+        examination_->SampleAgain();
+    else
+        display_.ResetSweep();
 }
 
 void LiveMonitor::OnBeat(int rrCount)

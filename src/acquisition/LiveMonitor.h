@@ -16,6 +16,13 @@
 
 namespace ecg {
 
+// The examination that the frames of a sampling belong to.
+class RunningExamination : public SamplingSink {
+public:
+    // The signal has settled anew; what was taken before holds the settling and is of no use.
+    virtual void SampleAgain() = 0;
+};
+
 class LiveMonitor final : private FrameSink, private FramePathSink, private DemoSink {
 public:
     LiveMonitor(SharedState& state, SerialPort& port, Clock& clock, MessageBox& messages, MainView& view);
@@ -24,6 +31,9 @@ public:
     LiveMonitor& operator=(const LiveMonitor&) = delete;
 
     LiveDisplay& Display() { return display_; }
+
+    // Who gets the frames of a sampling; null for nobody.
+    void SetExamination(RunningExamination* examination);
 
     // Looks for the box, twice when the first scan finds none, and shows the notice when there is none.
     void FindBox();
@@ -39,6 +49,8 @@ public:
     // window of the system: the feed stops, unless `KeepStreaming` is set.
     void ComeToFront();
     void LeaveFront();
+
+    void StopFeed();
 
     // Stops the feed and closes its files, for good.
     void Shutdown();
@@ -92,6 +104,7 @@ private:
     MessageBox& messages_;
     MainView& view_;
     DeviceLink link_;
+    RunningExamination* examination_ = nullptr;
     FrameDecoder decoder_;
     FramePath path_;
     LiveDisplay display_;

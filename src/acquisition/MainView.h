@@ -7,6 +7,7 @@
 #include "acquisition/KeyTable.h"
 #include "acquisition/LiveDisplay.h"
 
+#include <functional>
 #include <string>
 
 namespace ecg {
@@ -38,6 +39,9 @@ public:
     virtual void ShowSampledTime(LeadSystem system, const std::string& text) = 0; // `Label3` 3 and 6
 
     virtual void ShowBusy(bool busy) = 0; // the cursor that says to wait
+
+    // Runs `task` when the event that is being handled is over.
+    virtual void RunSoon(std::function<void()> task) = 0;
 
     virtual void CloseWindow() = 0;
 };

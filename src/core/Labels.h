@@ -10,6 +10,8 @@ namespace ecg::labels {
 // The name of the program, on its windows and messages.
 inline constexpr Twin Program{"心电工作站", "ECG Workstation"};
 
+inline constexpr Twin NotInThisVersion{"本版本尚未提供此功能。", "This version does not have this function yet."};
+
 inline constexpr std::array<Twin, 7> Weekdays{{{"星期日", "Sunday"},
                                                {"星期一", "Monday"},
                                                {"星期二", "Tuesday"},

@@ -23,6 +23,7 @@ protected:
 TEST_F(LiveMonitorTest, ARecoveryLastsTwoSecondsFromTheLastReconnect)
 {
     StartBox();
+    State.SysInfo.SystemControlTime = 0;     // no limit ends a sampling here
     Box.Stream(LevelFrame(2048), 0b1000001); // electrodes 1 and 7 are off
     EXPECT_THAT(View.ElectrodeOff, testing::Contains(testing::Pair(6U, true)));
     EXPECT_FALSE(View.Recovery);

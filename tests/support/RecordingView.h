@@ -44,6 +44,7 @@ public:
     void ShowLamp(Lamp lamp, bool lit) override { Lamps.emplace_back(lamp, lit); }
     void ShowSampledTime(LeadSystem, const std::string& text) override { SampledTime = text; }
     void ShowBusy(bool busy) override { BusyNow = busy; }
+    void RunSoon(std::function<void()> task) override { Soon.push_back(std::move(task)); }
     void CloseWindow() override { Closed = true; }
 
     bool IsRunning(MainTimer timer) const { return Running.count(timer) != 0; }
@@ -64,6 +65,7 @@ public:
     std::vector<std::pair<int, bool>> KeyPictures; // key, pressed
     std::vector<std::pair<Lamp, bool>> Lamps;
     std::string SampledTime;
+    std::vector<std::function<void()>> Soon; // in the order they came
     bool BusyNow = false;
     bool Closed = false;
 };

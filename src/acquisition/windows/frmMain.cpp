@@ -315,6 +315,11 @@ void frmMain::ShowBusy(bool busy)
         QGuiApplication::restoreOverrideCursor();
 }
 
+void frmMain::RunSoon(std::function<void()> task)
+{
+    QTimer::singleShot(0, this, std::move(task));
+}
+
 void frmMain::CloseWindow()
 {
     closing_ = true;

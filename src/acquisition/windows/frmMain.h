@@ -55,6 +55,7 @@ public:
     void ShowLamp(Lamp lamp, bool lit) override;
     void ShowSampledTime(LeadSystem system, const std::string& text) override;
     void ShowBusy(bool busy) override;
+    void RunSoon(std::function<void()> task) override;
     void CloseWindow() override;
 
 protected:

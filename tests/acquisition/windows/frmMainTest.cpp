@@ -3,6 +3,7 @@
 
 #include "core/Numbers.h"
 #include "support/FakeBox.h"
+#include "support/FakeDesk.h"
 #include "support/ScriptedMessageBox.h"
 #include "support/ScriptedWindows.h"
 #include "support/TemporaryDataFolder.h"
@@ -60,7 +61,10 @@ protected:
     Pictures Drawings{std::filesystem::path(ECG_SOURCE) / "assets" / "pictures"};
     frmMain Window{State, Drawings, Clock};
     LiveMonitor Monitor{State, Port, Clock, Messages, Window};
-    KeyPanel Keys{State, Monitor, Window, Windows, Messages};
+    FakeDesk Desk{State};
+    RecordWriter Writer{State};
+    ExaminationControl Examination{State, Monitor, Window, Windows, Messages, Clock, Desk, Writer};
+    KeyPanel Keys{State, Monitor, Examination, Window, Windows, Messages};
 };
 
 TEST_F(MainWindow, AClickOnACaptionHidesItsLeadAndWithShiftWatchesIt)
