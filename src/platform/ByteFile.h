@@ -38,4 +38,7 @@ std::unique_ptr<ByteFile> OpenFile(const std::filesystem::path& path, OpenMode m
 // crash leaves the one or the other. False when the old file stands unchanged.
 bool ReplaceFile(const std::filesystem::path& path, std::span<const std::byte> bytes);
 
+// Brings the names in `folder` to the disk: a rename lives in the folder, not in the file.
+void FlushFolder(const std::filesystem::path& folder);
+
 } // namespace ecg
