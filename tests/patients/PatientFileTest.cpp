@@ -17,8 +17,7 @@ protected:
     // Patients 1 to `count`, of whom every third from the first on is deleted.
     void FillWithGaps(int count)
     {
-        for (int i = 1; i <= count; ++i)
-            file_.Append(Patient(std::to_string(i), "name " + std::to_string(i)));
+        PutPatients(count);
         for (int i = 1; i <= count; i += 3)
             file_.Delete(i);
     }

@@ -1,12 +1,14 @@
 // A data folder with patients, and the small words that tests of this room are written in.
 #pragma once
 
-#include "patients/PatientFile.h"
+#include "patients/AboutPat.h"
+#include "support/FakeClock.h"
 #include "support/TemporaryDataFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -37,6 +39,23 @@ inline std::vector<std::int32_t> PositionsOf(const std::vector<StoredPatient>& p
     return positions;
 }
 
+// One column of the patient grid, in English.
+inline std::vector<std::string> Column(const PatientTable& table, int column)
+{
+    std::vector<std::string> cells;
+    for (int row = 0; row < table.RowCount(); ++row)
+        cells.push_back(table.Text(row, column, false));
+    return cells;
+}
+
+inline std::vector<std::string> Column(const RecordTable& table, int column)
+{
+    std::vector<std::string> cells;
+    for (int row = 0; row < table.RowCount(); ++row)
+        cells.push_back(table.Text(row, column));
+    return cells;
+}
+
 inline void WriteBytes(const std::filesystem::path& path, const std::string& bytes)
 {
     std::ofstream(path, std::ios::binary) << bytes;
@@ -60,7 +79,35 @@ protected:
         WriteBytes(Path(folder) / name, bytes);
     }
 
+    // Patients "1" to `count` in one write.
+    void PutPatients(int count) const
+    {
+        std::string bytes;
+        for (int i = 1; i <= count; ++i) {
+            const PatientRecord patient = Patient(std::to_string(i), "name " + std::to_string(i));
+            bytes.append(reinterpret_cast<const char*>(&patient), sizeof patient);
+        }
+        WriteBytes(Path(PatientFileName), bytes);
+    }
+
+    // The data folder after a restart of the program.
+    std::unique_ptr<AboutPat> Restarted()
+    {
+        auto database = std::make_unique<AboutPat>(state_, disk_, clock_);
+        database->Activate([](std::int32_t, std::int32_t) {});
+        return database;
+    }
+
+    static SharedState StateIn(const Folders& folders)
+    {
+        SharedState state;
+        state.Folders = folders;
+        return state;
+    }
+
     TemporaryDataFolder folder_;
+    SharedState state_ = StateIn(folder_.Paths());
+    FakeClock clock_; // 2026
     DiskFileSystem disk_;
     PatientFile file_{disk_, folder_.Paths().Data};
 };
