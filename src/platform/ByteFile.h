@@ -42,4 +42,7 @@ using FileOpener = std::function<std::unique_ptr<ByteFile>(const std::filesystem
 // crash leaves the one or the other. False when the old file stands unchanged.
 bool ReplaceFile(const std::filesystem::path& path, std::span<const std::byte> bytes);
 
+// Brings the names in `folder` to the disk: a rename lives in the folder, not in the file.
+void FlushFolder(const std::filesystem::path& folder);
+
 } // namespace ecg
