@@ -85,7 +85,6 @@ RecordOutcome RecordWriter::Close()
     // A file that was deleted or replaced while it was open took every sample and is nowhere: its path tells.
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(File(), error);
-    path_.clear();
     const auto file = std::exchange(file_, nullptr);
     if (!file || error)
         return outcome;
@@ -117,14 +116,11 @@ void RecordWriter::CompleteHeader()
 
 bool RecordWriter::Delete()
 {
-    if (path_.empty())
+    if (std::exchange(file_, nullptr) == nullptr)
         return true;
-    const std::filesystem::path path = File();
-    file_ = nullptr;
-    path_.clear();
     std::error_code error;
-    std::filesystem::remove(path, error);
-    return !std::filesystem::exists(path, error);
+    std::filesystem::remove(File(), error);
+    return !std::filesystem::exists(File(), error);
 }
 
 } // namespace ecg

@@ -69,7 +69,7 @@ private:
     SharedState& state_;
     FileOpener open_;
     std::unique_ptr<ByteFile> file_; // null: closed, or could not be opened
-    std::string path_;               // stored path; empty: no sampling runs
+    std::string path_;               // stored path
     std::int32_t written_ = 0;       // samples
     std::int32_t failed_ = 0;
 };
