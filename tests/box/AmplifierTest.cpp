@@ -153,9 +153,12 @@ TEST(Amplifier, ForgetsStreamFiltersAndHalfACommandWithItsPower)
     box.Receive(std::span(identify).first(10));
     box.PowerCycle();
     EXPECT_EQ(box.Stream(), StreamKind::Off);
-    EXPECT_EQ(box.Filters(), FilterStatus());
     EXPECT_TRUE(box.Receive(std::span(identify).subspan(10)).empty()) << "the command's other half";
     EXPECT_FALSE(box.Receive(identify).empty());
+    box.Receive(startFrank);
+    for (int i = 1; i < 16; ++i)
+        NextOf(box);
+    EXPECT_EQ(NextOf(box), EncodeFrame(frankFrame, 0, FrameKind::Status)) << "no filter is on";
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Frames of the synthetic ECG: scale, order of channels and halves, noise.
 #include "demo/SyntheticEcg.h"
 
+#include "AmplifierScale.h"
 #include "demo/MuscleNoise.h"
 
 #include <gtest/gtest.h>
