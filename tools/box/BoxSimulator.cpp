@@ -41,7 +41,6 @@ BoxSimulator::BoxSimulator(BoxOptions options)
     amplifier_ = std::make_unique<Amplifier>(std::move(*source), options_.Key,
                                              [this](const std::string& text) { Report(text); });
     start_ = Clock::now();
-    silentUntil_ = start_;
     thread_ = std::thread([this] { Run(); });
 }
 

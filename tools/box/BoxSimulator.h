@@ -76,8 +76,8 @@ private:
     std::unique_ptr<Amplifier> amplifier_;
     PseudoTerminal line_;
     LineFaults faults_;
-    Clock::time_point start_ = Clock::now();
-    Clock::time_point silentUntil_ = start_;
+    Clock::time_point start_;
+    Clock::time_point silentUntil_;              // in the past: not silent
     std::optional<Clock::time_point> nextFrame_; // while it streams
     std::size_t nextStep_ = 0;
     bool quit_ = false;

@@ -28,8 +28,6 @@ struct FilterStatus {
     std::uint8_t Ac = 0;       // 1 50 Hz, 2 60 Hz
     std::uint8_t Baseline = 0; // 0 3.3 s (off), 1 1.6 s, 2 0.8 s, 3 0.5 s, 4 0.3 s
     std::uint8_t Muscle = 0;   // 1 26 Hz, 2 36 Hz, 3 45 Hz, 4 54 Hz, 5 60 Hz, 6 77 Hz
-
-    friend bool operator==(const FilterStatus&, const FilterStatus&) = default;
 };
 
 // The flags of a status frame: 1 and 2 AC, 3 to 5 baseline, 6 to 8 muscle, lowest bit first.

@@ -1,8 +1,8 @@
 // ecg-box: an amplifier box in software. See README.md, or --help.
 #include "box/BoxSimulator.h"
 #include "wfdb/WholeFile.h"
+#include "wfdb/Words.h"
 
-#include <charconv>
 #include <csignal>
 #include <cstdio>
 #include <poll.h>
@@ -58,8 +58,9 @@ std::string ReadScript(const std::string& path, std::vector<ScriptStep>& script)
 
 std::string ReadKey(std::string_view text, std::uint8_t& key)
 {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), key);
-    return error == std::errc() && end == text.data() + text.size() ? "" : "--key takes a number from 0 to 255";
+    const auto number = ParseNumber<std::uint8_t>(text);
+    key = number.value_or(key);
+    return number ? "" : "--key takes a number from 0 to 255";
 }
 
 Arguments ParseArguments(std::span<char*> words)

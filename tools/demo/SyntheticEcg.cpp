@@ -1,10 +1,8 @@
 #include "demo/SyntheticEcg.h"
 
-#include "core/Numbers.h"
+#include "AmplifierScale.h"
 #include "demo/MuscleNoise.h"
 #include "demo/TwelveLeads.h"
-
-#include <algorithm>
 
 namespace ecg {
 namespace {
@@ -18,12 +16,6 @@ double FrameTime(std::size_t frame)
 }
 
 } // namespace
-
-std::int16_t WordOfMillivolts(double millivolts)
-{
-    const double counts = RoundHalfEven(ZeroLevel + millivolts * CountsPerMillivolt);
-    return static_cast<std::int16_t>(std::clamp(counts, 0.0, static_cast<double>(SampleMask)));
-}
 
 std::vector<Frame> SyntheticEcg::WilsonFrames() const
 {

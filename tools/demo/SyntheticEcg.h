@@ -14,11 +14,6 @@
 
 namespace ecg {
 
-inline constexpr double CountsPerMillivolt = 2048 / 6.62; // of the amplifier
-
-// The 12-bit word of a voltage; what is beyond the amplifier's range stands at its end.
-std::int16_t WordOfMillivolts(double millivolts);
-
 class SyntheticEcg {
 public:
     explicit SyntheticEcg(const EcgOptions& options) : options_(Limited(options)), heart_(options) {}

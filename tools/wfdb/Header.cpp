@@ -1,9 +1,8 @@
 #include "wfdb/Header.h"
 
-#include <algorithm>
-#include <charconv>
+#include "wfdb/Words.h"
+
 #include <cmath>
-#include <optional>
 
 namespace ecg {
 namespace {
@@ -16,17 +15,6 @@ constexpr double largestRate = 100000;
 constexpr std::size_t mostSignals = 64;
 constexpr std::int64_t mostSamples = std::int64_t{1} << 40;
 
-// The whole of `text` as a number, or nothing.
-template <class Number>
-std::optional<Number> ParseNumber(std::string_view text)
-{
-    Number number{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size())
-        return std::nullopt;
-    return number;
-}
-
 std::string_view Trim(std::string_view text)
 {
     constexpr std::string_view blanks = " \t\r";
@@ -34,25 +22,6 @@ std::string_view Trim(std::string_view text)
     if (first == std::string_view::npos)
         return {};
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-// Takes the next blank-separated word off the front of `line`; empty when there is none.
-std::string_view TakeWord(std::string_view& line)
-{
-    line = Trim(line);
-    const std::size_t end = std::min(line.find_first_of(" \t"), line.size());
-    const std::string_view word = line.substr(0, end);
-    line.remove_prefix(end);
-    return word;
-}
-
-// Takes what stands before the first `mark` off the front of `text`, and the mark itself.
-std::string_view TakeUntil(std::string_view& text, char mark)
-{
-    const std::size_t end = std::min(text.find(mark), text.size());
-    const std::string_view before = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
-    return before;
 }
 
 using Reason = std::string; // empty = all is well

@@ -1,6 +1,6 @@
 #include "wfdb/RecordingFrames.h"
 
-#include "core/Numbers.h"
+#include "AmplifierScale.h"
 #include "wfdb/Resample.h"
 
 #include <algorithm>
@@ -30,12 +30,6 @@ Lead Combine(const Lead& a, const Lead& b, Operation operation)
     std::transform(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(result.size()), b.begin(), result.begin(),
                    operation);
     return result;
-}
-
-std::int16_t Counts(double millivolts)
-{
-    const double counts = RoundHalfEven(ZeroLevel + millivolts * FrameCountsPerMv);
-    return static_cast<std::int16_t>(std::clamp<double>(counts, 0, SampleMask));
 }
 
 // Lengthens `frames` to what a lead at `rate` fills.
@@ -73,7 +67,7 @@ std::vector<Frame> WilsonFrames(const Recording& recording)
         const Lead lead = Resample(leads[channel], recording.Rate, FramesPerSecond);
         MakeRoom(frames, lead.size(), ZeroSignal());
         for (std::size_t i = 0; i < lead.size(); ++i)
-            frames[i][channel] = Counts(lead[i]);
+            frames[i][channel] = WordOfMillivolts(lead[i]);
     }
     return frames;
 }
@@ -91,8 +85,8 @@ std::vector<Frame> FrankFrames(const Recording& recording)
         const Lead lead = Resample(leads[axis], recording.Rate, samplesPerFrame * FramesPerSecond);
         MakeRoom(frames, lead.size() / samplesPerFrame, Frame{});
         for (std::size_t i = 0; i < frames.size(); ++i) {
-            frames[i][axis] = Counts(lead[samplesPerFrame * i]);
-            frames[i][axes + axis] = Counts(lead[samplesPerFrame * i + 1]);
+            frames[i][axis] = WordOfMillivolts(lead[samplesPerFrame * i]);
+            frames[i][axes + axis] = WordOfMillivolts(lead[samplesPerFrame * i + 1]);
         }
     }
     return frames;
