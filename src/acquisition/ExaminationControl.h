@@ -8,25 +8,13 @@
 #include "acquisition/LiveMonitor.h"
 #include "acquisition/MainView.h"
 #include "acquisition/RecordWriter.h"
+#include "core/PatientDesk.h"
 #include "core/SharedState.h"
 #include "core/WindowOpener.h"
 #include "platform/Clock.h"
 #include "platform/MessageBox.h"
 
 namespace ecg {
-
-// What an examination asks of the patient database.
-class PatientDesk {
-public:
-    virtual ~PatientDesk() = default;
-
-    // Makes a patient without data, with the lowest free quick number, and leaves it in `CurrentPatient`. False when
-    // none is free or the disk refuses.
-    virtual bool AddQuickPatient() = 0;
-
-    // A record of `CurrentPatient` was finished.
-    virtual void RefreshRecords() = 0;
-};
 
 class ExaminationControl final : private RunningExamination {
 public:

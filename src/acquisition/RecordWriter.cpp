@@ -67,8 +67,7 @@ bool RecordWriter::MakePatientFolder() const
         return true; // the record lies in the data folder itself
     std::error_code error;
     const std::filesystem::path folder = state_.Folders.Data / name;
-    return !name.empty() &&
-           (std::filesystem::is_directory(folder, error) || std::filesystem::create_directory(folder, error));
+    return std::filesystem::is_directory(folder, error) || std::filesystem::create_directory(folder, error);
 }
 
 void RecordWriter::WriteSample(std::int32_t slot, const RecordSample& sample)

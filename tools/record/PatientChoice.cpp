@@ -65,7 +65,7 @@ Outcome<PatientChoice> ChoosePatient(const Folders& folders, const std::string& 
     if (patient.No.Text() != TrimField(number))
         return Result::Failure("\"" + number +
                                "\" is no patient number: it takes up to 9 bytes of the Chinese code page");
-    if (!IsFolderName(PatientFolderName(number)))
+    if (PatientFolderName(number).empty())
         return Result::Failure("\"" + number + "\" is no patient number: it cannot name a folder");
     const auto patients = LoadPatients(folders);
     if (!patients)
