@@ -28,7 +28,10 @@ LiveWindow::LiveWindow(int speedIndex)
       pictures_(ECG_PICTURES),
       window_(state_, pictures_, clock_),
       monitor_(state_, port_, clock_, messages_, window_),
-      keys_(state_, monitor_, window_, windows_, messages_)
+      desk_(state_),
+      writer_(state_),
+      examination_(state_, monitor_, window_, windows_, messages_, clock_, desk_, writer_),
+      keys_(state_, monitor_, examination_, window_, windows_, messages_)
 {
     WriteDemoFiles(folder_.Paths().Data);
     window_.Connect(monitor_, keys_);
