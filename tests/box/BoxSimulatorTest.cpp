@@ -111,8 +111,10 @@ protected:
         });
     }
 
+    // Whether the reply to an identification is the next that comes, though there is time for 15 frames before it.
     static bool Identifies(FarEnd& port)
     {
+        std::this_thread::sleep_for(30ms);
         port.Send(CommandBytes(69, {}));
         // 'T' + 'O' + 'L' + 'M' = 84 + 79 + 76 + 77 = 316; with the key 180 that is 496, low 8 bits 240
         return port.Receive(15) == Bytes{'T', 'O', 'L', 'M', 0, 0, 0, 0, 0, 0, 0, 0, 0, key, 240};
@@ -147,7 +149,6 @@ TEST_F(BoxOnALine, IdentifiesStreamsAndStops)
     ASSERT_TRUE(WasTold("received 21 stop"));
     port.Clear();
     EXPECT_TRUE(Identifies(port)) << "something came after the stop";
-    EXPECT_EQ(port.Waiting(), 0U);
 }
 
 TEST_F(BoxOnALine, ComesBackOnANewLineAfterAnUnplug)
@@ -198,19 +199,19 @@ TEST_F(BoxOnALine, ShowsItsFaultsInTheStream)
     FarEnd port(Link);
     EXPECT_EQ(box.Command("garbage 50"), "");
     EXPECT_EQ(port.Receive(50).size(), 50U);
-    EXPECT_EQ(port.Waiting(), 0U);
 
     EXPECT_EQ(box.Command("drop 100"), "");
     ASSERT_TRUE(WasTold("dropping 100 % of the bytes"));
     port.Send(StartWilson);
     EXPECT_TRUE(Identifies(port)) << "only the stream loses bytes";
-    EXPECT_EQ(port.Waiting(), 0U);
 
-    for (const char* command : {"silence 3600", "drop 0", "garbage 50"})
+    port.Send(CommandBytes(21, {0, 0, 0}));
+    ASSERT_TRUE(WasTold("received 21 stop"));
+    for (const char* command : {"silence 3600", "garbage 50", "silence 0", "drop 0"})
         EXPECT_EQ(box.Command(command), "");
-    ASSERT_TRUE(WasTold("sent 50 bytes of garbage"));
-    EXPECT_EQ(port.Waiting(), 0U);
-    EXPECT_EQ(box.Command("silence 0"), "");
+    ASSERT_TRUE(WasTold("dropping 0 % of the bytes"));
+    EXPECT_TRUE(Identifies(port)) << "something came in the silence";
+    port.Send(StartWilson);
     EXPECT_EQ(port.Receive(160).size(), 160U);
     EXPECT_NE(box.Command("silence"), "");
 }
