@@ -5,7 +5,6 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,13 +21,7 @@ public:
     }
     void RepaintLeadCaptions() override { ++CaptionRepaints; }
     void TraceChanged(int x, int width) override { LastChange = {x, width}; }
-    void EnableTimer(MainTimer timer, bool enabled) override
-    {
-        if (enabled)
-            Running.insert(timer);
-        else
-            Running.erase(timer);
-    }
+    void EnableTimer(MainTimer timer, bool enabled) override { Timers[timer] = enabled; }
     void ShowTexts() override { Calls.emplace_back("texts"); }
     void ShowSelectors() override { Calls.emplace_back("selectors"); }
     void ShowExamination() override { Calls.emplace_back("examination"); }
@@ -43,17 +36,17 @@ public:
     void ShowKeyPressed(int key, bool pressed) override { KeyPictures.emplace_back(key, pressed); }
     void ShowLamp(Lamp lamp, bool lit) override { Lamps.emplace_back(lamp, lit); }
     void ShowSampledTime(LeadSystem, const std::string& text) override { SampledTime = text; }
-    void ShowBusy(bool busy) override { BusyNow = busy; }
+    void ShowBusy(bool busy) override { Calls.emplace_back(busy ? "busy" : "ready"); }
     void RunSoon(std::function<void()> task) override { Soon.push_back(std::move(task)); }
     void CloseWindow() override { Closed = true; }
 
-    bool IsRunning(MainTimer timer) const { return Running.count(timer) != 0; }
+    bool IsRunning(MainTimer timer) const { return Timers.count(timer) != 0 && Timers.at(timer); }
 
     std::map<std::pair<LeadSystem, std::size_t>, Place> Captions;
     int CaptionRepaints = 0;
     std::pair<int, int> LastChange; // x, width
-    std::set<MainTimer> Running;
-    std::vector<std::string> Calls;
+    std::map<MainTimer, bool> Timers;
+    std::vector<std::string> Calls; // of the routines without a value of their own
     std::vector<std::string> HeartRates;
     bool HeartLit = false;
     std::string HeartLead;
@@ -66,7 +59,6 @@ public:
     std::vector<std::pair<Lamp, bool>> Lamps;
     std::string SampledTime;
     std::vector<std::function<void()>> Soon; // in the order they came
-    bool BusyNow = false;
     bool Closed = false;
 };
 
