@@ -2,6 +2,7 @@
 
 #include "core/Numbers.h"
 #include "core/PatientNumber.h"
+#include "patients/PatientMoves.h"
 
 #include <algorithm>
 #include <utility>
@@ -34,6 +35,7 @@ void AboutPat::Activate(const RowProgress& progress)
     if (activated_)
         return;
     activated_ = true; // first, for events that `progress` lets in may ask again
+    FinishRenumbering(files_, File, Folders, state_.Folders.Data);
     const auto live = File.Compact();
     const FolderIndex folders(state_.Folders.Data);
     const int year = Year();

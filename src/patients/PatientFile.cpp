@@ -102,13 +102,23 @@ std::optional<std::int32_t> PatientFile::Append(const PatientRecord& record)
     return position <= mostSlots && WriteSlot(*file, position, record) ? std::optional(position) : std::nullopt;
 }
 
-bool PatientFile::Delete(std::int32_t position)
+bool PatientFile::Delete(std::span<const std::int32_t> positions)
 {
-    auto record = Read(position);
-    if (!record)
+    if (positions.empty())
+        return true;
+    const auto file = IsFile(File()) ? files_.Open(File(), OpenMode::ReadWrite) : nullptr;
+    if (!file)
         return false;
-    record->No.Set("");
-    return Write(position, *record);
+    FixedRecordFile<PatientRecord> slots(*file);
+    for (const std::int32_t position : positions) {
+        PatientRecord record;
+        if (position > SlotCount(*file) || slots.ReadInto(position, record) == 0)
+            return false;
+        record.No.Set("");
+        if (!slots.Write(position, record))
+            return false;
+    }
+    return file->Flush();
 }
 
 std::vector<StoredPatient> PatientFile::Compact()

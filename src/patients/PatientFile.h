@@ -46,8 +46,9 @@ public:
     // Writes behind the last slot, making the file when it is missing. The new position, or nothing on failure.
     std::optional<std::int32_t> Append(const PatientRecord& record);
 
-    // Blanks the number of a slot, which is what deletes it; the other fields stay until compaction.
-    bool Delete(std::int32_t position);
+    // Blanks the numbers of slots, which is what deletes them; the other fields stay until compaction. False when one
+    // of the slots does not exist or the disk refused; those before it are deleted.
+    bool Delete(std::span<const std::int32_t> positions);
 
     // Makes the file if there is none, finishes or clears away what a crash has left, and drops deleted slots. Returns
     // the live patients with the positions they have afterwards, whether or not the file could be rewritten.

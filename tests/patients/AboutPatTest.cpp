@@ -12,7 +12,7 @@ using AboutPatTest = PatientTest;
 TEST_F(AboutPatTest, TheFirstActivationCompactsAndCountsTheFilesOfEachFolder)
 {
     PutPatients(250);
-    file_.Delete(1);
+    file_.Delete(std::vector<std::int32_t>{1});
     PutFile("000000002", "20260101000000.W");
     PutFile("000000002", "20260101000001.F");
     std::filesystem::create_directories(Path("000000002") / "folder");

@@ -18,8 +18,10 @@ protected:
     void FillWithGaps(int count)
     {
         PutPatients(count);
+        std::vector<std::int32_t> gaps;
         for (int i = 1; i <= count; i += 3)
-            file_.Delete(i);
+            gaps.push_back(i);
+        EXPECT_TRUE(file_.Delete(gaps));
     }
 };
 
@@ -34,7 +36,7 @@ TEST_F(PatientFileTest, AppendsReadsAndRewritesSlots)
     EXPECT_EQ(file_.Read(1)->Name.Text(), "李四");
     EXPECT_EQ(file_.Read(2)->No.Text(), "6");
     EXPECT_FALSE(file_.Read(0) || file_.Read(-1) || file_.Read(3));
-    EXPECT_FALSE(file_.Write(3, Patient("7")) || file_.Write(0, Patient("7")) || file_.Delete(3));
+    EXPECT_FALSE(file_.Write(3, Patient("7")) || file_.Write(0, Patient("7")) || file_.Delete(Positions{3}));
     EXPECT_EQ(file_.Count(), 2);
 }
 

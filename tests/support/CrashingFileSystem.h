@@ -10,6 +10,7 @@ class CrashingFileSystem final : public FileSystem {
 public:
     explicit CrashingFileSystem(int stepsToLive) : steps_(stepsToLive) {}
 
+    void DieAfter(int steps) { steps_ = steps; }
     bool Dead() const { return steps_ < 0; }
 
     std::unique_ptr<ByteFile> Open(const std::filesystem::path& path, OpenMode mode) override
