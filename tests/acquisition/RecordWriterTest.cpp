@@ -199,9 +199,12 @@ TEST_F(RecordWriterTest, WritesNowhereElse)
 {
     for (const char* number : {"..", ".", "../x", "..\\x", "a/b"}) {
         State.CurrentPatient.No.Set(number);
-        EXPECT_FALSE(Writer.Open(start)) << number;
+        EXPECT_TRUE(Writer.Open(start)) << number;
+        EXPECT_TRUE(Writer.Delete());
     }
-    EXPECT_TRUE(std::filesystem::is_empty(Data.Paths().Data));
+    const auto inside = std::filesystem::directory_iterator(Data.Paths().Data);
+    EXPECT_EQ(std::distance(inside, {}), 5) << "a folder for each, all in the data folder";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Data.Paths().Program), {}), 1);
     State.CurrentPatient.No = {};
     Record(SineFrames(1));
     EXPECT_EQ(Bytes("20260309080507.W").size(), firstSampleByte + 16) << "without a number there is no folder";

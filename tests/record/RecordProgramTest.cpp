@@ -66,7 +66,7 @@ TEST_F(RecordProgramTest, RefusesAWrongCallInWordsAndChangesNothing)
         {"import made.hea Data --system X", usage, "W or F"},
         {"import made.hea Data --patient ''", usage, "medical number"},
         {"import made.hea Data --bed 3", usage, "unknown option --bed"},
-        {"import made.hea Data --patient ../x", failure, "../x"},
+        {"import made.hea Data --patient 1234567890", failure, "1234567890"},
         {"import made.hea Data --system F", failure, "no leads X, Y and Z"},
         {"import made.hea nowhere", failure, "no folder nowhere"},
         {"import made.hea made.dat", failure, "no folder made.dat"},
