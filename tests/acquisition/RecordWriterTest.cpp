@@ -203,7 +203,7 @@ TEST_F(RecordWriterTest, WritesNowhereElse)
         EXPECT_TRUE(Writer.Delete());
     }
     const auto inside = std::filesystem::directory_iterator(Data.Paths().Data);
-    EXPECT_EQ(std::distance(inside, {}), 5) << "a folder for each, all in the data folder";
+    EXPECT_EQ(std::distance(inside, {}), 4) << "their folders, in which two numbers meet, are all in the data folder";
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Data.Paths().Program), {}), 1);
     State.CurrentPatient.No = {};
     Record(SineFrames(1));
