@@ -78,5 +78,5 @@ BENCHMARK(CloseRecord)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
-} // namespace
-} // namespace ecg::bench
+}  // namespace
+}  // namespace ecg::bench

@@ -127,8 +127,8 @@ void TestDecoder(std::span<const std::uint8_t> input)
     Require(frames == Decode(bytes, key, system, bytes.size() + 1), "chunks make no difference");
 }
 
-} // namespace
-} // namespace ecg::fuzz
+}  // namespace
+}  // namespace ecg::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -70,8 +70,8 @@ bool WriteSeeds(const std::filesystem::path& folder)
            Write(folder / "settings/ones", Bytes(sizeof(SysInfo), 0xFF));
 }
 
-} // namespace
-} // namespace ecg::fuzz
+}  // namespace
+}  // namespace ecg::fuzz
 
 int main(int argc, char** argv)
 {

@@ -71,9 +71,9 @@ void DescribeExaminations(SharedState state)
 // A box answers, streams for a moment and is asked for its baseline, as after any start.
 void Stream(SharedState state)
 {
-    constexpr double width = 200; // pixels, more than columns
+    constexpr double width = 200;  // pixels, more than columns
     constexpr double height = 100;
-    constexpr int frames = 300; // over the calibration pulse at each speed
+    constexpr int frames = 300;  // over the calibration pulse at each speed
     FakeClock clock;
     FakeSerialPort port;
     FakeBox box(port, clock);
@@ -90,7 +90,7 @@ void Stream(SharedState state)
     monitor.ComeToFront();
     box.Stream(LevelFrame(ZeroLevel));
     const int start = monitor.Display().SweepX();
-    port.Send(Scrambled(Bytes(frames, 0x80 | ZeroLevel / 64), box.Key)); // start bytes alone are frames too
+    port.Send(Scrambled(Bytes(frames, 0x80 | ZeroLevel / 64), box.Key));  // start bytes alone are frames too
     const int columns = monitor.Display().SweepX() - start;
     monitor.ReturnBaseline();
 
@@ -101,8 +101,8 @@ void Stream(SharedState state)
         Require(packet == CommandBytes(packet.at(4), {packet.at(5), packet.at(6), packet.at(7)}), "packets are whole");
 }
 
-} // namespace
-} // namespace ecg::fuzz
+}  // namespace
+}  // namespace ecg::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -17,4 +17,4 @@ inline std::int16_t WordOfMillivolts(double millivolts)
     return static_cast<std::int16_t>(std::clamp<double>(counts, 0, SampleMask));
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -8,8 +8,8 @@
 namespace ecg::bench {
 namespace {
 
-constexpr int watchMs = 500;   // well below the time of one sweep
-constexpr int lastColumns = 4; // pixels at the right edge that the sweep leaves out
+constexpr int watchMs = 500;    // well below the time of one sweep
+constexpr int lastColumns = 4;  // pixels at the right edge that the sweep leaves out
 
 SharedState MakeState(const Folders& folders, int speedIndex)
 {
@@ -21,7 +21,7 @@ SharedState MakeState(const Folders& folders, int speedIndex)
     return state;
 }
 
-} // namespace
+}  // namespace
 
 LiveWindow::LiveWindow(int speedIndex)
     : state_(MakeState(folder_.Paths(), speedIndex)),
@@ -60,4 +60,4 @@ int LiveWindow::Run(int seconds)
     return columns;
 }
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

@@ -27,7 +27,7 @@ private:
     TemporaryDataFolder folder_;
     SharedState state_;
     SystemClock clock_;
-    FakeSerialPort port_; // nothing is plugged in
+    FakeSerialPort port_;  // nothing is plugged in
     ScriptedMessageBox messages_;
     ScriptedWindows windows_;
     Pictures pictures_;
@@ -39,4 +39,4 @@ private:
     KeyPanel keys_;
 };
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

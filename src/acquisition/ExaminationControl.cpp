@@ -6,7 +6,7 @@
 namespace ecg {
 namespace {
 
-constexpr std::int32_t quickSamples = 10000; // 20 seconds
+constexpr std::int32_t quickSamples = 10000;  // 20 seconds
 constexpr int entryForExamination = 2;
 
 constexpr Twin noQuickPatient{"未能建立快速检查的患者资料。请检查磁盘空间和数据文件夹的权限。",
@@ -18,7 +18,7 @@ std::string Seconds(std::int32_t frames)
     return FormatDecimal(static_cast<double>(frames) / FramesPerSecond, 1) + " s";
 }
 
-} // namespace
+}  // namespace
 
 ExaminationControl::ExaminationControl(SharedState& state, LiveMonitor& monitor, MainView& view, WindowOpener& windows,
                                        MessageBox& messages, Clock& clock, PatientDesk& desk, RecordWriter& writer)
@@ -94,7 +94,7 @@ void ExaminationControl::BeginQuick()
     }
     state_.FrankSamples = 0;
     state_.WilsonSamples = quickSamples;
-    state_.SysInfo.SystemControlTime = 1; // stays in the settings and is saved at exit: it is meant
+    state_.SysInfo.SystemControlTime = 1;  // stays in the settings and is saved at exit: it is meant
     PrepareSystem(LeadSystem::Wilson, quickSamples);
     PressGo();
 }
@@ -201,4 +201,4 @@ void ExaminationControl::Enter(ExamState state)
     view_.ShowExamination();
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -24,8 +24,8 @@ public:
     ExaminationControl(const ExaminationControl&) = delete;
     ExaminationControl& operator=(const ExaminationControl&) = delete;
 
-    void PressGo();   // key 16: standard examination, start, finish
-    void PressBack(); // key 17: quick examination, cancel, sample again
+    void PressGo();    // key 16: standard examination, start, finish
+    void PressBack();  // key 17: quick examination, cancel, sample again
 
 private:
     void WriteSample(std::int32_t slot, const RecordSample& sample) override;
@@ -51,8 +51,8 @@ private:
     Clock& clock_;
     PatientDesk& desk_;
     RecordWriter& writer_;
-    std::int32_t beats_ = 0; // marked in the running sampling
-    bool closing_ = false;   // the record is being closed: the keys wait
+    std::int32_t beats_ = 0;  // marked in the running sampling
+    bool closing_ = false;    // the record is being closed: the keys wait
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,7 +12,7 @@ constexpr Twin notSaved{"系统设置未能保存，硬盘上仍是原来的设�
                         "The settings could not be saved; those on the disk are still the old ones. "
                         "Please check the free space and the permissions of the data folder."};
 
-} // namespace
+}  // namespace
 
 KeyPanel::KeyPanel(SharedState& state, LiveMonitor& monitor, ExaminationControl& examination, MainView& view,
                    WindowOpener& windows, MessageBox& messages)
@@ -134,4 +134,4 @@ void KeyPanel::TellMissing()
     messages_.Tell(labels::NotInThisVersion.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -43,4 +43,4 @@ private:
     MessageBox& messages_;
 };
 
-} // namespace ecg
+}  // namespace ecg

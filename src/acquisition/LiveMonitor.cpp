@@ -7,9 +7,9 @@
 namespace ecg {
 namespace {
 
-constexpr int recoveryTicks = 40;        // of 50 ms: 2 seconds
-constexpr int blankFramesPerStep = 50;   // of a baseline return in the demonstration
-constexpr std::int64_t silenceMs = 2000; // a streaming box that is quiet for so long has lost its stream
+constexpr int recoveryTicks = 40;         // of 50 ms: 2 seconds
+constexpr int blankFramesPerStep = 50;    // of a baseline return in the demonstration
+constexpr std::int64_t silenceMs = 2000;  // a streaming box that is quiet for so long has lost its stream
 constexpr double framesPerMinute = 30000;
 
 constexpr int wilsonHeartChannel = 0;
@@ -24,7 +24,7 @@ int ChannelOfLead(std::size_t lead)
     return lead < channels.size() ? channels[lead] : -1;
 }
 
-} // namespace
+}  // namespace
 
 LiveMonitor::LiveMonitor(SharedState& state, SerialPort& port, Clock& clock, MessageBox& messages, MainView& view)
     : state_(state),
@@ -346,4 +346,4 @@ void LiveMonitor::OnDemoBlank(bool active)
     view_.ShowLamp(Lamp::Baseline, active);
 }
 
-} // namespace ecg
+}  // namespace ecg

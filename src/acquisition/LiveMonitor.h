@@ -39,7 +39,7 @@ public:
     void FindBox();
 
     // The selectors. An index the selector does not offer is ignored.
-    void SelectLeadSystem(int index); // also starts the stream or the demonstration feed
+    void SelectLeadSystem(int index);  // also starts the stream or the demonstration feed
     void SelectGain(int index);
     void SelectSpeed(int index);
     void SelectFilter(wire::Filter filter, bool on);
@@ -110,12 +110,12 @@ private:
     LiveDisplay display_;
     DemoFeed demo_;
 
-    bool streaming_ = false; // a stream was asked of the box
-    bool receiving_ = false; // inside the receive event
+    bool streaming_ = false;  // a stream was asked of the box
+    bool receiving_ = false;  // inside the receive event
     bool boxLost_ = false;
     std::int64_t lastBytesMs_ = 0;
-    int leadRecoverCount_ = 0; // ticks left of a lead recovery
+    int leadRecoverCount_ = 0;  // ticks left of a lead recovery
     bool leadRecovering_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -27,7 +27,7 @@ std::uintmax_t SamplesIn(std::uintmax_t fileBytes)
     return (std::max<std::uintmax_t>(fileBytes, headerAreaBytes) - headerAreaBytes) / sizeof(RecordSample);
 }
 
-} // namespace
+}  // namespace
 
 std::string ExamTimeText(const CalendarTime& time)
 {
@@ -64,7 +64,7 @@ bool RecordWriter::MakePatientFolder() const
 {
     const std::string name = PatientFolderName(state_.CurrentPatient.No.Text());
     if (name.empty())
-        return true; // the record lies in the data folder itself
+        return true;  // the record lies in the data folder itself
     std::error_code error;
     const std::filesystem::path folder = state_.Folders.Data / name;
     return std::filesystem::is_directory(folder, error) || std::filesystem::create_directory(folder, error);
@@ -122,4 +122,4 @@ bool RecordWriter::Delete()
     return !std::filesystem::exists(File(), error);
 }
 
-} // namespace ecg
+}  // namespace ecg

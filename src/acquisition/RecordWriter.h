@@ -20,11 +20,11 @@ namespace ecg {
 
 // What a sampling has left behind.
 struct RecordOutcome {
-    std::string Path; // stored path of the record
+    std::string Path;  // stored path of the record
     std::int32_t SamplesOnDisk = 0;
-    std::int32_t SamplesLost = 0; // could not be written, or their file is gone
+    std::int32_t SamplesLost = 0;  // could not be written, or their file is gone
     bool HeaderOnDisk = false;
-    bool Flushed = false; // the disk has confirmed all that is on it
+    bool Flushed = false;  // the disk has confirmed all that is on it
 
     bool IsWhole() const { return SamplesLost == 0 && HeaderOnDisk && Flushed; }
 
@@ -68,10 +68,10 @@ private:
 
     SharedState& state_;
     FileOpener open_;
-    std::unique_ptr<ByteFile> file_; // null: closed, or could not be opened
-    std::string path_;               // stored path
-    std::int32_t written_ = 0;       // samples
+    std::unique_ptr<ByteFile> file_;  // null: closed, or could not be opened
+    std::string path_;                // stored path
+    std::int32_t written_ = 0;        // samples
     std::int32_t failed_ = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -59,4 +59,4 @@ void WindowSet::PumpMessages()
     QCoreApplication::processEvents();
 }
 
-} // namespace ecg
+}  // namespace ecg

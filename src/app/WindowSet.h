@@ -35,4 +35,4 @@ private:
     QWidget* parent_ = nullptr;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -20,7 +20,7 @@ SharedState StateIn(const std::filesystem::path& programFolder)
     return state;
 }
 
-} // namespace
+}  // namespace
 
 Workstation::Workstation(const std::filesystem::path& programFolder, const QString& pdfFile)
     : state_(StateIn(programFolder)),
@@ -46,4 +46,4 @@ bool Workstation::StartUp()
     return started;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -45,4 +45,4 @@ private:
     KeyPanel keys_;
 };
 
-} // namespace ecg
+}  // namespace ecg

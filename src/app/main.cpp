@@ -18,7 +18,7 @@ void ShowFullSize(QWidget& window)
         window.showMaximized();
 }
 
-} // namespace
+}  // namespace
 
 int main(int argc, char* argv[])
 {

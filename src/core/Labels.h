@@ -47,4 +47,4 @@ inline constexpr std::array<Twin, ExaminationCount> Examinations{{{"常规心电
 // The hues of a printed colour grid, in the order of `SysInfo::GridHue`.
 inline constexpr std::array<Twin, 3> Hues{{{"红色", "Red"}, {"绿色", "Green"}, {"蓝色", "Blue"}}};
 
-} // namespace ecg::labels
+}  // namespace ecg::labels

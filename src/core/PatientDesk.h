@@ -15,4 +15,4 @@ public:
     virtual void RefreshRecords() = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -33,4 +33,4 @@ public:
     virtual void PumpMessages() = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -19,7 +19,7 @@ namespace ecg {
 // Called once for every 100 rows of long work, with the rows done and all rows.
 using RowProgress = std::function<void(std::int32_t done, std::int32_t all)>;
 
-inline constexpr std::int32_t ProgressStep = 100; // rows
+inline constexpr std::int32_t ProgressStep = 100;  // rows
 
 class AboutPat final : public PatientDesk {
 public:
@@ -82,4 +82,4 @@ private:
     bool activated_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -28,8 +28,8 @@ public:
 };
 
 enum class OpenMode {
-    Read,      // the file must exist
-    ReadWrite, // the file is made when it does not exist
+    Read,       // the file must exist
+    ReadWrite,  // the file is made when it does not exist
 };
 
 // Opens a file of the disk; null when that fails.
@@ -45,4 +45,4 @@ bool ReplaceFile(const std::filesystem::path& path, std::span<const std::byte> b
 // Brings the names in `folder` to the disk: a rename lives in the folder, not in the file.
 void FlushFolder(const std::filesystem::path& folder);
 
-} // namespace ecg
+}  // namespace ecg

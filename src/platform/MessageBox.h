@@ -17,4 +17,4 @@ public:
     void Tell(std::string_view text, std::string_view title) { Show(text, title, MessageButtons::Ok); }
 };
 
-} // namespace ecg
+}  // namespace ecg

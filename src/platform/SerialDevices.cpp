@@ -19,4 +19,4 @@ std::filesystem::path SerialDevice(const std::filesystem::path& programFolder, i
     return "/dev/ttyS" + std::to_string(port - 13);
 }
 
-} // namespace ecg
+}  // namespace ecg

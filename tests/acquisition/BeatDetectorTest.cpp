@@ -113,5 +113,5 @@ TEST(BeatDetector, TakesIntervalsOf126To1001Frames)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -85,7 +85,7 @@ TEST_F(ExaminationControlTest, SamplingAgainBeginsANewRecordAndTakesTheOldOneAwa
 TEST_F(ExaminationControlTest, ARecordNeverHoldsTheSettlingBehindAReconnect)
 {
     StartBox();
-    Box.Stream(LevelFrame(2048)); // all electrodes are on
+    Box.Stream(LevelFrame(2048));  // all electrodes are on
     Examination.PressBack();
     Box.Stream(LevelFrame(2048), 1);
     Box.Stream(std::vector<Frame>(700, LevelFrame(2048)));
@@ -112,7 +112,7 @@ TEST_F(ExaminationControlTest, WithoutAPatientNothingBegins)
 {
     StartDemo();
     State.CurrentPatient.No.Set("5");
-    Examination.PressGo(); // the entry window leaves no patient
+    Examination.PressGo();  // the entry window leaves no patient
     EXPECT_EQ(State.ExamState, ExamState::Waiting);
     Desk.Works = false;
     Examination.PressBack();
@@ -123,5 +123,5 @@ TEST_F(ExaminationControlTest, WithoutAPatientNothingBegins)
     EXPECT_EQ(State.ExamState, ExamState::Waiting) << "cancelled";
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

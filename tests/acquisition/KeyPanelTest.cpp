@@ -84,5 +84,5 @@ TEST_F(KeyPanelTest, WindowsOverARecordingKeepItsStreamAlsoWhenTheyAreMissing)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -93,4 +93,4 @@ protected:
     KeyPanel Keys{State, Monitor, Examination, View, Windows, Messages};
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -235,5 +235,5 @@ TEST_F(RecordWriterTest, SecondSamplingInOneSecondWritesOverTheFirst)
               SampleBytes({LevelFrame(2), LevelFrame(2), LevelFrame(2), LevelFrame(1), LevelFrame(1)}));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -99,7 +99,7 @@ TEST(Amplifier, RailsTheChannelsOfAnElectrodeThatIsOff)
     const struct {
         Bytes Start;
         int Electrode;
-        unsigned Flags, Railed; // channels: bit n is channel n
+        unsigned Flags, Railed;  // channels: bit n is channel n
     } cases[] = {{startWilson, 1, 1, 0xFF},    {startWilson, 4, 8, 0xFF},      {startWilson, 5, 0x10, 0x04},
                  {startWilson, 7, 0x40, 0x10}, {startWilson, 10, 0x200, 0x80}, {startFrank, 2, 2, 0x3F},
                  {startFrank, 9, 0x100, 0x3F}, {startFrank, 0, 0, 0},          {startFrank, 11, 0, 0}};
@@ -128,7 +128,7 @@ TEST(Amplifier, SettlesSlowlyAfterAnElectrodeAndAtOnceWithABaselineReturn)
     EXPECT_EQ(nextX(), 10 + 2047);
     for (int i = 0; i < 249; ++i)
         nextX();
-    EXPECT_NEAR(nextX(), 10 + 2047 / 2.718, 10); // half a second later
+    EXPECT_NEAR(nextX(), 10 + 2047 / 2.718, 10);  // half a second later
 
     box.Receive(CommandBytes(53, {30, 0, 0}));
     EXPECT_EQ(NextOf(box), EncodeFrame({2048, 2048, 2048, 2048, 2048, 2048, 0, 0}));
@@ -161,5 +161,5 @@ TEST(Amplifier, ForgetsStreamFiltersAndHalfACommandWithItsPower)
     EXPECT_EQ(NextOf(box), EncodeFrame(frankFrame, 0, FrameKind::Status)) << "no filter is on";
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -50,5 +50,5 @@ TEST(LineFaults, LoseTheShareOfBytesTheyAreTold)
     EXPECT_NEAR(static_cast<double>(line.size()), 99000, 400);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

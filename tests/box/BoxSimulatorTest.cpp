@@ -20,7 +20,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto patience = 10s; // for what comes within milliseconds unless something is wrong
+constexpr auto patience = 10s;  // for what comes within milliseconds unless something is wrong
 constexpr std::uint8_t key = 0xB4;
 
 // Waits for `condition`; false when it does not come true in time.
@@ -137,14 +137,14 @@ TEST_F(BoxOnALine, IdentifiesStreamsAndStops)
     FarEnd port(Link);
     EXPECT_TRUE(Identifies(port));
 
-    constexpr std::size_t count = 100; // fits into the line's buffer, however late this end reads
+    constexpr std::size_t count = 100;  // fits into the line's buffer, however late this end reads
     Bytes expected;
     for (std::size_t i = 0; i < count; ++i)
         expected = expected + EncodeFrame(Signal[i], 0, i % 16 == 15 ? FrameKind::Status : FrameKind::LeadOff);
     port.Send(StartWilson);
     EXPECT_EQ(Scrambled(port.Receive(expected.size()), key), expected);
 
-    port.Send(CommandBytes(37, {10, 10, 10}) + CommandBytes(21, {0, 0, 0})); // 10 is a line feed
+    port.Send(CommandBytes(37, {10, 10, 10}) + CommandBytes(21, {0, 0, 0}));  // 10 is a line feed
     EXPECT_TRUE(WasTold("received 37 filters: AC 60 Hz, baseline 1.6 s, muscle 54 Hz"));
     ASSERT_TRUE(WasTold("received 21 stop"));
     port.Clear();
@@ -176,7 +176,7 @@ TEST_F(BoxOnALine, KeepsNothingForAReaderThatIsAway)
         port.Send(StartWilson);
         ASSERT_TRUE(Eventually([&] { return port.Waiting() >= 20 * 16; })) << "leaves with frames unread";
     }
-    std::this_thread::sleep_for(300ms); // 150 frames of streaming to nobody
+    std::this_thread::sleep_for(300ms);  // 150 frames of streaming to nobody
     FarEnd port(Link);
     const Bytes stream = Scrambled(port.Receive(20 * 16), key);
     const auto frame = std::ranges::find_if(stream, [](int byte) { return byte > 127; });
@@ -237,5 +237,5 @@ TEST_F(BoxOnALine, ReplacesAnOldLinkAndTouchesNothingElse)
     EXPECT_FALSE(std::filesystem::is_symlink(Link));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -67,10 +67,10 @@ TEST(FrameSource, JoinsItsEndToItsBeginningWithoutAStep)
     for (std::size_t i = 0; i < frames.size(); ++i)
         EXPECT_LE(std::abs(frames[(i + 1) % frames.size()][3] - frames[i][3]), 10) << "frame " << i;
 
-    frames.resize(299); // too few to join
+    frames.resize(299);  // too few to join
     CloseLoop(frames);
     EXPECT_EQ(frames.size(), 299U);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

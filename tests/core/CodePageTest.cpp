@@ -52,5 +52,5 @@ TEST(FixedText, IsCutAtACharacterAndTrimmedAtItsEndOnly)
     EXPECT_EQ(TrimField(std::string_view("\0\0 ", 3)), "");
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -10,7 +10,7 @@
 namespace ecg {
 namespace {
 
-constexpr std::size_t framesBefore = 100; // slots 300 to 399; the wave starts at slot 400
+constexpr std::size_t framesBefore = 100;  // slots 300 to 399; the wave starts at slot 400
 
 TEST(ColourPreview, EachThirdSampleFromSlot400IsAColumn)
 {
@@ -42,7 +42,7 @@ TEST(ColourPreview, DrawsTheWaveInTheTraceColourThatIsAdjusted)
     settings.TraceWatch = {1, 1, 1};
     settings.TraceSave = {2, 2, 2};
     settings.TraceReset = {3, 3, 3};
-    const std::array<Byte, 6> expected{1, 2, 3, 1, 1, 1}; // paper and grid are seen with a watched trace
+    const std::array<Byte, 6> expected{1, 2, 3, 1, 1, 1};  // paper and grid are seen with a watched trace
     for (std::size_t i = 0; i < expected.size(); ++i) {
         RecordingSurface surface(61, 42);
         DrawColourPreview(surface, settings, static_cast<DisplayColour>(i), {5, 9});
@@ -51,5 +51,5 @@ TEST(ColourPreview, DrawsTheWaveInTheTraceColourThatIsAdjusted)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

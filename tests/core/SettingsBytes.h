@@ -32,4 +32,4 @@ inline std::size_t FirstDifference(const SysInfo& one, const SysInfo& other)
     return static_cast<std::size_t>(std::mismatch(bytes, bytes + sizeof one, others).first - bytes);
 }
 
-} // namespace ecg
+}  // namespace ecg

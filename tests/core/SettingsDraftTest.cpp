@@ -32,8 +32,8 @@ TEST(SettingsDraft, TheFirstRefusedTimeIsNamedWithItsFaultAndKeepsItsOldValue)
 TEST(SettingsDraft, AcceptedSecondsBecomeFramesRoundedTiesToEvenAndComeBack)
 {
     const std::vector<std::pair<std::string, std::int32_t>> accepted{
-        {"10", 5000},     {" 15 ", 7500},   {"10.001", 5000}, // 5000.5 frames
-        {"10.003", 5002},                                     // 5001.5 frames
+        {"10", 5000},     {" 15 ", 7500},   {"10.001", 5000},  // 5000.5 frames
+        {"10.003", 5002},                                      // 5001.5 frames
         {"12.5", 6250},   {"0015.0", 7500}, {"15.", 7500},    {"4294967", 2147483500}};
     for (const auto& [typed, frames] : accepted) {
         SettingsDraft draft(FactorySettings());
@@ -68,5 +68,5 @@ TEST(SettingsDraft, ADamagedRecordShowsAsAValidOne)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -10,14 +10,14 @@
 namespace ecg {
 namespace {
 
-constexpr int unset = 0xAA; // no factory value has this byte
+constexpr int unset = 0xAA;  // no factory value has this byte
 
 constexpr std::size_t factoryStart = 3916;
 constexpr std::array<Byte, 94> factoryBytes{
     // sampling: indices, switches and leads; the nine times of 7500, 150000 and 90000 frames; prompt and end
-    0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 1, 1, 1, 0, 2, 2, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 2,       //
-    0x4C, 0x1D, 0, 0, 0x4C, 0x1D, 0, 0, 0x4C, 0x1D, 0, 0, 0xF0, 0x49, 0x02, 0, 0x4C, 0x1D, 0, 0, //
-    0x4C, 0x1D, 0, 0, 0x4C, 0x1D, 0, 0, 0x4C, 0x1D, 0, 0, 0x90, 0x5F, 0x01, 0, 1, 1,             //
+    0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 1, 1, 1, 0, 2, 2, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 2,        //
+    0x4C, 0x1D, 0, 0, 0x4C, 0x1D, 0, 0, 0x4C, 0x1D, 0, 0, 0xF0, 0x49, 0x02, 0, 0x4C, 0x1D, 0, 0,  //
+    0x4C, 0x1D, 0, 0, 0x4C, 0x1D, 0, 0, 0x4C, 0x1D, 0, 0, 0x90, 0x5F, 0x01, 0, 1, 1,              //
     // report
     0, 0, 1, 0, 1, 1, 3, 2, 0,
     // colours
@@ -64,7 +64,7 @@ TEST(Settings, AShortFileIsReadAsFarAsItGoesAndALongOneToTheEndOfTheRecord)
 
 TEST(Settings, PrintColoursFollowModeHueAndDepths)
 {
-    using Pair = std::pair<Byte, Byte>; // of the hue's own component and of the two others
+    using Pair = std::pair<Byte, Byte>;  // of the hue's own component and of the two others
     constexpr std::array<Pair, 4> strong{{{210, 80}, {180, 50}, {150, 40}, {120, 30}}};
     constexpr std::array<Pair, 4> fine{{{255, 180}, {255, 160}, {210, 140}, {180, 120}}};
     SysInfo settings;
@@ -99,5 +99,5 @@ TEST(Settings, DamagedPrintFieldsGiveTheFactoryColours)
     EXPECT_EQ(DerivePrintColours(settings).Grid1mm, (Colour{175, 175, 175}));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -13,7 +13,7 @@ struct PageCase {
     bool Colour;
     Byte Language;
     std::string Title;
-    std::string Caption; // of a depth
+    std::string Caption;  // of a depth
     int Hues;
     int Depths;
 };
@@ -60,5 +60,5 @@ TEST(TestPage, ShowsEachDepthInEachHueAndLiesWhollyOnThePaper)
         }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

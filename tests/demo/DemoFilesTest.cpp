@@ -30,7 +30,7 @@ TEST(DemoFiles, PlayTheSyntheticEcgRoundAndRound)
     EXPECT_TRUE(frank->Frank == ecg.FrankFrames());
     for (const auto& frames : {wilson->Wilson, frank->Frank}) {
         EXPECT_EQ(frames.size(), 60000u);
-        for (std::size_t channel = 0; channel < 6; ++channel) // 12 counts are about 40 microvolts: noise alone
+        for (std::size_t channel = 0; channel < 6; ++channel)  // 12 counts are about 40 microvolts: noise alone
             EXPECT_LT(std::abs(frames.front()[channel] - frames.back()[channel]), 12) << channel;
     }
 }
@@ -77,5 +77,5 @@ TEST(DemoFiles, ThatCannotBeWrittenAreNamed)
     EXPECT_EQ(std::filesystem::file_size(folder.File("taken")), 20u) << "and the file in the way stands";
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -29,7 +29,7 @@ std::vector<double> Intervals(const HeartModel& heart)
 
 TEST(HeartModel, HasNormalIntervalsAndNoSignalOutsideItsWaves)
 {
-    constexpr double silence = 0.03; // millivolts
+    constexpr double silence = 0.03;  // millivolts
     for (const double rate : {50, 70, 90}) {
         const HeartModel heart({.Seconds = 30, .BeatsPerMinute = rate, .RateVariation = 0, .Breathing = 0});
         for (const double interval : Intervals(heart))
@@ -106,5 +106,5 @@ TEST(HeartModel, TakesAnyOptionsAtTheirNearestLimit)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

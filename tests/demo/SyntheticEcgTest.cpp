@@ -15,7 +15,7 @@ constexpr EcgOptions noiseless{.Seconds = 20, .NoiseMicrovolts = 0};
 
 TEST(SyntheticEcg, FramesHoldTheDipoleAtTheirTimeInTwelveBits)
 {
-    const std::pair<double, int> words[] = {{0, 2048}, {1, 2357}, {-1, 1739}, {100, 4095}, {-100, 0}}; // 309.37 a mV
+    const std::pair<double, int> words[] = {{0, 2048}, {1, 2357}, {-1, 1739}, {100, 4095}, {-100, 0}};  // 309.37 a mV
     for (const auto& [millivolts, word] : words)
         EXPECT_EQ(WordOfMillivolts(millivolts), word) << millivolts;
 
@@ -65,15 +65,15 @@ TEST(SyntheticEcg, NoiseHasTheSizeAskedForAndIsEachChannelsOwn)
 
 TEST(MuscleNoise, IsNotWhiteNeitherInsideNorAcrossTheEndOfItsRing)
 {
-    std::vector<double> inside, across; // steps from one value to the next
+    std::vector<double> inside, across;  // steps from one value to the next
     for (std::uint32_t seed = 0; seed < 2000; ++seed) {
         const auto ring = MuscleNoise(50, 5, seed);
         inside.push_back(ring[25] - ring[24]);
         across.push_back(ring.front() - ring.back());
     }
-    EXPECT_NEAR(Rms(inside), 0.006, 0.0004); // white: 0.0071
+    EXPECT_NEAR(Rms(inside), 0.006, 0.0004);  // white: 0.0071
     EXPECT_NEAR(Rms(across), 0.006, 0.0004);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

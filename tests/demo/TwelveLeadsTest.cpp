@@ -49,7 +49,7 @@ TEST(NormalLeads, HaveWavesOfNormalSizeAndLevelSegments)
     // R grows from V1 to V4 and is lower again in V6; V2 is mostly S, V4 mostly R.
     const struct {
         const char* Name;
-        Range P, R, LowestOfQrs, T; // millivolts; P and T: the value farthest from zero
+        Range P, R, LowestOfQrs, T;  // millivolts; P and T: the value farthest from zero
     } norms[LeadCount] = {{"I", {0.03, 0.15}, {0.3, 1.2}, {-0.15, 0}, {0.1, 0.4}},
                           {"II", {0.08, 0.25}, {0.6, 1.8}, {-0.3, 0}, {0.15, 0.5}},
                           {"III", {0.02, 0.2}, {0.2, 1.2}, {-0.4, 0}, {0.02, 0.35}},
@@ -86,5 +86,5 @@ TEST(NormalSeptum, GivesASmallQOnTheLeftAndNoneOnTheRight)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

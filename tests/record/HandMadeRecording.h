@@ -43,4 +43,4 @@ inline std::filesystem::path WriteHandMade(const TemporaryDataFolder& folder)
     return header;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -131,7 +131,7 @@ TEST_F(ImportTest, MarksTheBeatsThatAPersonSaw)
     if (!std::filesystem::exists(sharedData))
         GTEST_SKIP() << "the public recordings are not at hand";
     constexpr double framesPerSample = 500.0 / 360;
-    constexpr double window = 75; // frames: the usual 150 ms
+    constexpr double window = 75;  // frames: the usual 150 ms
     const auto record = Import(sharedData / "100.hea");
     ASSERT_TRUE(record) << record.Reason();
     std::vector<double> marks;
@@ -145,7 +145,7 @@ TEST_F(ImportTest, MarksTheBeatsThatAPersonSaw)
     ASSERT_TRUE(bytes) << bytes.Reason();
     std::size_t beats = 0;
     std::size_t found = 0;
-    std::size_t next = 0; // each mark is good for one beat
+    std::size_t next = 0;  // each mark is good for one beat
     for (const Annotation& annotation : ParseAnnotations(*bytes)) {
         if (!IsBeat(annotation.Code))
             continue;
@@ -164,5 +164,5 @@ TEST_F(ImportTest, MarksTheBeatsThatAPersonSaw)
     EXPECT_GE(static_cast<double>(found), 0.99 * static_cast<double>(marks.size())) << "positive predictivity";
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

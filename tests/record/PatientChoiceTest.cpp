@@ -55,5 +55,5 @@ TEST_F(PatientChoiceTest, NewNumbersHaveNeitherFolderNorPatient)
     EXPECT_EQ(NewNumber(), "RUVO00003");
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

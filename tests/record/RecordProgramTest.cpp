@@ -41,7 +41,7 @@ protected:
 TEST_F(RecordProgramTest, PrintsThePathOfEachRecord)
 {
     std::array<std::string, 2> paths;
-    for (std::string& path : paths) { // within one second as a rule: the second one waits for the next
+    for (std::string& path : paths) {  // within one second as a rule: the second one waits for the next
         const Ending run = Start("import --patient 42 made.hea Data --system W");
         ASSERT_EQ(run.ExitCode, 0) << run.Errors;
         path = run.Output.substr(0, run.Output.find('\n'));
@@ -85,5 +85,5 @@ TEST_F(RecordProgramTest, RefusesAWrongCallInWordsAndChangesNothing)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -11,7 +11,7 @@ namespace ecg {
 
 // What all files of one failing device share. A test may change it at any time.
 struct FailingDevice {
-    std::int64_t BytesLeft = std::numeric_limits<std::int64_t>::max(); // to be written, wherever they go
+    std::int64_t BytesLeft = std::numeric_limits<std::int64_t>::max();  // to be written, wherever they go
     bool Opens = true;
     bool Flushes = true;
 
@@ -53,4 +53,4 @@ inline FileOpener FailingDevice::Opener()
     };
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -24,4 +24,4 @@ private:
     SharedState& state_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -33,4 +33,4 @@ std::string BytesOf(const std::vector<Record>& records)
     return {reinterpret_cast<const char*>(records.data()), records.size() * sizeof(Record)};
 }
 
-} // namespace ecg
+}  // namespace ecg

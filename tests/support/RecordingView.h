@@ -13,7 +13,7 @@ namespace ecg {
 
 class RecordingView final : public MainView {
 public:
-    using Place = std::pair<int, int>; // x, y
+    using Place = std::pair<int, int>;  // x, y
 
     void MoveLeadCaption(LeadSystem system, std::size_t lead, int x, int y) override
     {
@@ -44,9 +44,9 @@ public:
 
     std::map<std::pair<LeadSystem, std::size_t>, Place> Captions;
     int CaptionRepaints = 0;
-    std::pair<int, int> LastChange; // x, width
+    std::pair<int, int> LastChange;  // x, width
     std::map<MainTimer, bool> Timers;
-    std::vector<std::string> Calls; // of the routines without a value of their own
+    std::vector<std::string> Calls;  // of the routines without a value of their own
     std::vector<std::string> HeartRates;
     bool HeartLit = false;
     std::string HeartLead;
@@ -55,11 +55,11 @@ public:
     bool Recovery = false;
     std::optional<bool> NoDevice;
     std::optional<LeadSystem> CaptionSet;
-    std::vector<std::pair<int, bool>> KeyPictures; // key, pressed
+    std::vector<std::pair<int, bool>> KeyPictures;  // key, pressed
     std::vector<std::pair<Lamp, bool>> Lamps;
     std::string SampledTime;
-    std::vector<std::function<void()>> Soon; // in the order they came
+    std::vector<std::function<void()>> Soon;  // in the order they came
     bool Closed = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -26,14 +26,14 @@ constexpr int Word(int code, int interval)
 
 TEST(Annotations, AddUpTheirIntervalsAsFarAsTheyGo)
 {
-    const auto whole = Words({Word(28, 18), Word(63, 3), 0x4E28, 0x0000, // a rhythm change with the text "(N"
+    const auto whole = Words({Word(28, 18), Word(63, 3), 0x4E28, 0x0000,  // a rhythm change with the text "(N"
                               Word(1, 59), Word(60, 1), Word(59, 0), 0x0001, 0x0002, Word(5, 1023), 0, Word(1, 1)});
     for (std::size_t size = 0; size <= whole.size(); ++size) {
         const auto annotations = ParseAnnotations(std::span(whole).first(size));
         ASSERT_EQ(annotations.size(), size < 2 ? 0U : size < 10 ? 1U : size < 20 ? 2U : 3U) << size << " bytes";
     }
     const auto annotations = ParseAnnotations(whole);
-    const std::pair<int, int> expected[] = {{28, 18}, {1, 77}, {5, 77 + 0x10002 + 1023}}; // code, sample
+    const std::pair<int, int> expected[] = {{28, 18}, {1, 77}, {5, 77 + 0x10002 + 1023}};  // code, sample
     for (std::size_t i = 0; i < std::size(expected); ++i) {
         EXPECT_EQ(annotations[i].Code, expected[i].first);
         EXPECT_EQ(annotations[i].Sample, expected[i].second);
@@ -53,5 +53,5 @@ TEST(Annotations, OfTheAmbulatoryRecordingAreItsBeats)
     EXPECT_GT(annotations.back().Sample, 649000);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

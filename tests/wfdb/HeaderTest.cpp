@@ -25,7 +25,7 @@ TEST(WfdbHeader, TellsWhereSignalsLieAndWhatTheyAreWorth)
     EXPECT_EQ(header->Comments, (std::vector<std::string>{"before", "age: 81"}));
 
     const WfdbSignal expected[] = {{"a.dat", WfdbFormat::Packed12, 0, 200, 5, "uV", "MLII"},
-                                   {"a.dat", WfdbFormat::Packed12, 24, 200, 1024, "mV", ""}, // gain 0 stands for 200
+                                   {"a.dat", WfdbFormat::Packed12, 24, 200, 1024, "mV", ""},  // gain 0 stands for 200
                                    {"b.dat", WfdbFormat::Integer16, 0, -2000, -7, "V", "two words"},
                                    {"b.dat", WfdbFormat::Integer16, 0, 200, 0, "mV", ""}};
     const auto told = [](const WfdbSignal& s) {
@@ -71,5 +71,5 @@ TEST(WfdbHeader, IsRefusedWithTheReason)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -20,11 +20,11 @@ Recording Constant(std::initializer_list<std::pair<const char*, double>> leads, 
 }
 
 // What a box makes of so many millivolts, worked out on paper: 2048 counts are 6.62 mV.
-constexpr std::int16_t at1Mv = 2357;      // 2048 + 309.37
-constexpr std::int16_t at2Mv = 2667;      // 2048 + 618.73
-constexpr std::int16_t atMinus1Mv = 1739; // 2048 - 309.37
+constexpr std::int16_t at1Mv = 2357;       // 2048 + 309.37
+constexpr std::int16_t at2Mv = 2667;       // 2048 + 618.73
+constexpr std::int16_t atMinus1Mv = 1739;  // 2048 - 309.37
 constexpr std::int16_t zero = 2048;
-constexpr double count = 6.62 / 2048; // mV
+constexpr double count = 6.62 / 2048;  // mV
 
 TEST(WilsonFrames, TakeEachLeadToItsChannel)
 {
@@ -57,5 +57,5 @@ TEST(FrankFrames, HoldTwoMomentsAMillisecondApartOfAllThreeAxes)
     EXPECT_EQ(FrankFrames(Constant({{"X", 1}, {"Y", 1}, {"Z", 1}}, 250)).size(), 20U);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -34,10 +34,10 @@ TEST(WfdbSamples, AreTheValuesOfTheirFormat)
         Values Expected;
     } cases[] = {
         {"r 1 100\na 16 2(-2)/mV", Bytes({0x01, 0x00, 0xFE, 0xFF, 0x01, 0x80}), {1.5, 0, -16382.5}},
-        {"r 1 100\na 16 1", Bytes({0x00, 0x80, 5, 0, 0x00, 0x80, 6, 0}), {0, 5, 5, 6}}, // 0x8000 is "no sample"
+        {"r 1 100\na 16 1", Bytes({0x00, 0x80, 5, 0, 0x00, 0x80, 6, 0}), {0, 5, 5, 6}},  // 0x8000 is "no sample"
         // 0x123 and 0xF56 (-170), then 0x7FF (2047) and 0x801 (-2047), then 0x00A alone
         {"r 1 100\na 212 1", Bytes({0x23, 0xF1, 0x56, 0xFF, 0x87, 0x01, 0x0A, 0x00}), {0x123, -170, 2047, -2047, 10}},
-        {"r 1 100\na 212 1", Bytes({0x05, 0x80, 0x00}), {5, 5}}}; // 0x800 is "no sample"
+        {"r 1 100\na 212 1", Bytes({0x05, 0x80, 0x00}), {5, 5}}};  // 0x800 is "no sample"
     for (const auto& c : cases) {
         const auto recording = Decode(c.Header, {{"a", c.Bytes}});
         ASSERT_TRUE(recording) << recording.Reason();
@@ -61,9 +61,9 @@ TEST(WfdbRecording, IsAsLongAsHeaderAndEveryFileHold)
     const struct {
         const char* Name;
         int Promised;
-        std::size_t BytesOfA; // two signals of format 16
-        std::size_t BytesOfB; // one signal of format 212 behind 4 bytes that are none
-        std::size_t Length;   // 0 = refused
+        std::size_t BytesOfA;  // two signals of format 16
+        std::size_t BytesOfB;  // one signal of format 212 behind 4 bytes that are none
+        std::size_t Length;    // 0 = refused
     } cases[] = {{"not told", 0, 40, 19, 10},
                  {"less told", 3, 40, 19, 3},
                  {"more told", 5000, 40, 19, 10},
@@ -118,5 +118,5 @@ TEST(WfdbRecording, OfThePublicArchiveHasTheChecksumsOfItsHeader)
         {-8337, -16369, 6829, 4582, 11687, -16657, -12469, 5636, -14299, -17916, -6668, -17545, -13009, 7109, -1992});
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

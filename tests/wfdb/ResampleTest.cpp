@@ -63,9 +63,9 @@ TEST(Resample, KeepsConstantsAndEqualRatesAndTheLengthOfShortSignals)
     const std::vector<double> signal{1, -2, 3};
     EXPECT_EQ(Resample(signal, 500, 500), signal);
     EXPECT_TRUE(Resample({}, 360, 500).empty());
-    EXPECT_TRUE(Resample(std::vector<double>{1}, 1000, 500).empty()); // half a sample is none
+    EXPECT_TRUE(Resample(std::vector<double>{1}, 1000, 500).empty());  // half a sample is none
     EXPECT_EQ(Resample(std::vector<double>{1}, 250, 500), (std::vector<double>{1, 1}));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -14,17 +14,17 @@ constexpr int streamCommand = 21;
 constexpr int filterCommand = 37;
 constexpr int baselineCommand = 53;
 
-constexpr unsigned statusInterval = 16; // frames
+constexpr unsigned statusInterval = 16;  // frames
 constexpr int millisecondsPerFrame = 1000 / FramesPerSecond;
-constexpr int baselineUnit = 10; // milliseconds in one of the parameter of a baseline return
+constexpr int baselineUnit = 10;  // milliseconds in one of the parameter of a baseline return
 constexpr int limbElectrodes = 4;
 constexpr FrameFlags limbFlags = FrameFlag(1) | FrameFlag(2) | FrameFlag(3) | FrameFlag(4);
 constexpr std::size_t frankChannels = 6;
-constexpr double railOffset = SampleMask - ZeroLevel; // counts above zero signal with an electrode off
-constexpr double settlePerFrame = 0.996;              // what is left of an offset a frame later: 0.5 s time constant
+constexpr double railOffset = SampleMask - ZeroLevel;  // counts above zero signal with an electrode off
+constexpr double settlePerFrame = 0.996;               // what is left of an offset a frame later: 0.5 s time constant
 
 struct FilterSetting {
-    std::uint8_t Code; // in the command; the place in the list is what a status frame reports
+    std::uint8_t Code;  // in the command; the place in the list is what a status frame reports
     std::string_view Label;
 };
 
@@ -55,7 +55,7 @@ std::vector<std::uint8_t> IdentificationReply(std::uint8_t key)
     return reply;
 }
 
-} // namespace
+}  // namespace
 
 Amplifier::Amplifier(FrameSource source, std::uint8_t key, Report report)
     : source_(std::move(source)), key_(key), report_(std::move(report))
@@ -213,4 +213,4 @@ void Amplifier::PowerCycle()
     reader_.Reset();
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -56,10 +56,10 @@ private:
     StreamKind stream_ = StreamKind::Off;
     FilterStatus filters_;
     FrameFlags electrodesOff_ = 0;
-    std::size_t position_ = 0;                   // in the source's frames
-    unsigned frameNumber_ = 0;                   // since the stream started
-    int baselineReturnFrames_ = 0;               // still to be held at zero signal
-    std::array<double, ChannelCount> offsets_{}; // counts left over from an electrode that was off
+    std::size_t position_ = 0;                    // in the source's frames
+    unsigned frameNumber_ = 0;                    // since the stream started
+    int baselineReturnFrames_ = 0;                // still to be held at zero signal
+    std::array<double, ChannelCount> offsets_{};  // counts left over from an electrode that was off
 };
 
-} // namespace ecg
+}  // namespace ecg

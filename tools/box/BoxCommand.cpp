@@ -9,13 +9,13 @@
 namespace ecg {
 namespace {
 
-constexpr double longestScript = 7 * 24 * 3600.0; // seconds
+constexpr double longestScript = 7 * 24 * 3600.0;  // seconds
 
 struct CommandForm {
     std::string_view Word;
     BoxAction Action;
     bool TakesValue;
-    bool IsWhole; // the value has no fraction
+    bool IsWhole;  // the value has no fraction
     double Least;
     double Most;
 };
@@ -29,7 +29,7 @@ constexpr std::array<CommandForm, 8> forms{{{"off", BoxAction::ElectrodeOff, tru
                                             {"replug", BoxAction::Replug, false, false, 0, 0},
                                             {"quit", BoxAction::Quit, false, false, 0, 0}}};
 
-} // namespace
+}  // namespace
 
 Outcome<BoxCommand> ParseBoxCommand(std::string_view line)
 {
@@ -76,4 +76,4 @@ Outcome<std::vector<ScriptStep>> ParseScript(std::string_view text)
     return steps;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -145,7 +145,7 @@ void Serve(BoxSimulator& box, int signals)
                 std::fprintf(stderr, "ecg-box: %s\n", reason.c_str());
         });
         if (!more)
-            events[2].fd = -1; // the box goes on without an operator
+            events[2].fd = -1;  // the box goes on without an operator
     }
 }
 
@@ -176,8 +176,8 @@ int Main(std::span<char*> words)
     return 0;
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg
 
 int main(int argc, char** argv)
 {

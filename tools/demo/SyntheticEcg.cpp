@@ -15,7 +15,7 @@ double FrameTime(std::size_t frame)
     return static_cast<double>(frame) / FramesPerSecond;
 }
 
-} // namespace
+}  // namespace
 
 std::vector<Frame> SyntheticEcg::WilsonFrames() const
 {
@@ -60,4 +60,4 @@ std::vector<std::vector<double>> SyntheticEcg::ChannelNoise(std::size_t channels
     return noise;
 }
 
-} // namespace ecg
+}  // namespace ecg

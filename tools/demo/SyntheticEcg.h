@@ -25,7 +25,7 @@ public:
     std::vector<Frame> FrankFrames() const;
 
     const HeartModel& Heart() const& { return heart_; }
-    const HeartModel& Heart() && = delete; // it would be gone before its beats are read
+    const HeartModel& Heart() && = delete;  // it would be gone before its beats are read
 
 private:
     std::size_t FrameCount() const;
@@ -35,4 +35,4 @@ private:
     HeartModel heart_;
 };
 
-} // namespace ecg
+}  // namespace ecg

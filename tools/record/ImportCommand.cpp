@@ -17,13 +17,13 @@ std::string TakeOption(const std::string& option, const std::string& value, Impo
     return "unknown option " + option;
 }
 
-} // namespace
+}  // namespace
 
 Outcome<ImportOptions> ParseImport(std::span<const std::string> words)
 {
     using Result = Outcome<ImportOptions>;
     ImportOptions options;
-    std::vector<std::string> places; // the words that are no options
+    std::vector<std::string> places;  // the words that are no options
     for (std::size_t i = 0; i < words.size(); ++i) {
         if (!words[i].starts_with("--")) {
             places.push_back(words[i]);
@@ -41,4 +41,4 @@ Outcome<ImportOptions> ParseImport(std::span<const std::string> words)
     return options;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -11,4 +11,4 @@ namespace ecg {
 // Understands HEADER.hea DATA_FOLDER [--patient NO] [--system W|F], options in any place; fails with what is wrong.
 Outcome<ImportOptions> ParseImport(std::span<const std::string> words);
 
-} // namespace ecg
+}  // namespace ecg

@@ -15,9 +15,9 @@ namespace {
 
 using Result = Outcome<std::filesystem::path>;
 
-constexpr std::size_t watchedFrames = 3 * FramesPerSecond; // what the detector sees before the record begins
-constexpr int wilsonHeartChannel = 0;                      // II
-constexpr int frankHeartChannel = 1;                       // Y
+constexpr std::size_t watchedFrames = 3 * FramesPerSecond;  // what the detector sees before the record begins
+constexpr int wilsonHeartChannel = 0;                       // II
+constexpr int frankHeartChannel = 1;                        // Y
 
 struct Signal {
     LeadSystem System = LeadSystem::Wilson;
@@ -76,7 +76,7 @@ private:
     }
 
     void WriteSample(std::int32_t slot, const RecordSample& sample) override { writer_.WriteSample(slot, sample); }
-    void LimitReached() override {} // the recording ends by itself
+    void LimitReached() override {}  // the recording ends by itself
     void OnBeat(int) override {}
     void OnSilence() override {}
     void OnSampledTime(LeadSystem, std::int32_t) override {}
@@ -155,7 +155,7 @@ Result MakeRecord(SharedState& state, const Signal& signal, const PatientChoice&
     return path;
 }
 
-} // namespace
+}  // namespace
 
 Result ImportRecording(const ImportOptions& options, Clock& clock, const FileOpener& open)
 {
@@ -179,4 +179,4 @@ Result ImportRecording(const ImportOptions& options, Clock& clock, const FileOpe
     return MakeRecord(state, *signal, *choice, *start, open);
 }
 
-} // namespace ecg
+}  // namespace ecg

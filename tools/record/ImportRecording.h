@@ -13,10 +13,10 @@
 namespace ecg {
 
 struct ImportOptions {
-    std::filesystem::path Header;       // of the recording
-    std::filesystem::path DataFolder;   // exists
-    std::optional<std::string> Patient; // medical number; none: a new patient
-    std::optional<LeadSystem> System;   // none: Wilson, and Frank when the recording has no Wilson lead
+    std::filesystem::path Header;        // of the recording
+    std::filesystem::path DataFolder;    // exists
+    std::optional<std::string> Patient;  // medical number; none: a new patient
+    std::optional<LeadSystem> System;    // none: Wilson, and Frank when the recording has no Wilson lead
 };
 
 // Makes the whole recording one finished record with its beat marks, for a patient who is entered when there is none of
@@ -29,4 +29,4 @@ struct ImportOptions {
 Outcome<std::filesystem::path> ImportRecording(const ImportOptions& options, Clock& clock,
                                                const FileOpener& open = OpenFile);
 
-} // namespace ecg
+}  // namespace ecg

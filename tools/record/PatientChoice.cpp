@@ -22,7 +22,7 @@ std::string KeyOf(std::string_view number)
     return key;
 }
 
-using Patients = std::map<std::string, PatientRecord>; // by key
+using Patients = std::map<std::string, PatientRecord>;  // by key
 
 // All patients; of two with one number the first. A missing file holds none.
 Outcome<Patients> LoadPatients(const Folders& folders)
@@ -56,7 +56,7 @@ PatientRecord NewPatient(const std::string& number)
     return patient;
 }
 
-} // namespace
+}  // namespace
 
 Outcome<PatientChoice> ChoosePatient(const Folders& folders, const std::string& number)
 {
@@ -113,4 +113,4 @@ bool AppendPatient(const Folders& folders, const PatientRecord& patient, const F
     return false;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,7 +12,7 @@ namespace ecg {
 
 struct PatientChoice {
     PatientRecord Patient;
-    bool IsNew = false; // not in the patient file yet
+    bool IsNew = false;  // not in the patient file yet
 };
 
 // The patient of `number`, as it stands in the patient file, or a new one without any particulars. Numbers are the same
@@ -27,4 +27,4 @@ Outcome<PatientChoice> ChooseNewPatient(const Folders& folders);
 // not be written; it then holds the records it held before.
 bool AppendPatient(const Folders& folders, const PatientRecord& patient, const FileOpener& open);
 
-} // namespace ecg
+}  // namespace ecg

@@ -59,8 +59,8 @@ int Main(const std::vector<std::string>& words)
     return Complain("unknown command " + words[0] + "; see ecg-record --help", exitUsage);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg
 
 int main(int argc, char** argv)
 {

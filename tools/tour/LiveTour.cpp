@@ -12,11 +12,11 @@
 namespace ecg {
 namespace {
 
-constexpr int recoveryMs = 2600;  // of a lead recovery, with some grace
-constexpr int reconnectMs = 6000; // until a box that is back has been taken up again
-constexpr int quickMs = 15000;    // the rest of a quick examination, with some grace
+constexpr int recoveryMs = 2600;   // of a lead recovery, with some grace
+constexpr int reconnectMs = 6000;  // until a box that is back has been taken up again
+constexpr int quickMs = 15000;     // the rest of a quick examination, with some grace
 constexpr std::uintmax_t quickBytes = 164784;
-constexpr int rateMs = 8000; // until the detector knows a rate
+constexpr int rateMs = 8000;  // until the detector knows a rate
 
 void PlaySpeedsAndGains(TourDriver& tour, QWidget& window)
 {
@@ -143,7 +143,7 @@ void PlaySettings(TourDriver& tour, QWidget& window, const QString& language)
     });
 }
 
-} // namespace
+}  // namespace
 
 void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
 {
@@ -206,4 +206,4 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     PlayExit(tour, workstation);
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,7 +12,7 @@
 namespace ecg {
 namespace {
 
-using Lead = std::vector<double>; // millivolts at the recording's rate; empty = the recording lacks it
+using Lead = std::vector<double>;  // millivolts at the recording's rate; empty = the recording lacks it
 
 Lead FindLead(const Recording& recording, std::initializer_list<std::string_view> names)
 {
@@ -46,7 +46,7 @@ Frame ZeroSignal()
     return frame;
 }
 
-} // namespace
+}  // namespace
 
 std::vector<Frame> WilsonFrames(const Recording& recording)
 {
@@ -75,7 +75,7 @@ std::vector<Frame> WilsonFrames(const Recording& recording)
 std::vector<Frame> FrankFrames(const Recording& recording)
 {
     constexpr std::size_t axes = 3;
-    constexpr int samplesPerFrame = 2; // a frame holds two moments 1 ms apart
+    constexpr int samplesPerFrame = 2;  // a frame holds two moments 1 ms apart
     const std::array<Lead, axes> leads{FindLead(recording, {"vx", "x"}), FindLead(recording, {"vy", "y"}),
                                        FindLead(recording, {"vz", "z"})};
     if (std::ranges::any_of(leads, &Lead::empty))
@@ -92,4 +92,4 @@ std::vector<Frame> FrankFrames(const Recording& recording)
     return frames;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -19,4 +19,4 @@ std::vector<Frame> WilsonFrames(const Recording& recording);
 // recording has all of vx, vy, vz (or x, y, z).
 std::vector<Frame> FrankFrames(const Recording& recording);
 
-} // namespace ecg
+}  // namespace ecg

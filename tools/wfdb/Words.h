@@ -39,4 +39,4 @@ std::optional<Number> ParseNumber(std::string_view text)
     return number;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -37,7 +37,7 @@ QString TimeText(const CalendarTime& now)
                                   FormatZeros(now.Second, 2));
 }
 
-} // namespace
+}  // namespace
 
 frmMain::frmMain(const SharedState& state, const Pictures& pictures, Clock& clock)
     : state_(state),
@@ -117,7 +117,7 @@ void frmMain::EnableTimer(MainTimer timer, bool enabled)
     if (!enabled)
         own.stop();
     else if (timer == MainTimer::HeartLight || !own.isActive())
-        own.start(); // a beat begins the light's time anew; a running tick keeps its rhythm
+        own.start();  // a beat begins the light's time anew; a running tick keeps its rhythm
 }
 
 void frmMain::MoveLeadCaption(LeadSystem system, std::size_t lead, int x, int y)
@@ -376,4 +376,4 @@ void frmMain::FollowFocus()
         monitor_->LeaveFront();
 }
 
-} // namespace ecg
+}  // namespace ecg

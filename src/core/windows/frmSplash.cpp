@@ -20,7 +20,7 @@ constexpr int heartTop = 16;
 constexpr QSize traceSize(570, 60);
 constexpr QPoint tracePlace(35, 244);
 
-} // namespace
+}  // namespace
 
 frmSplash::frmSplash(const SharedState& state, const Pictures& pictures, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
@@ -76,4 +76,4 @@ void frmSplash::ShowMotion()
     Picture2_->setGeometry(QRect(tracePlace, QSize(motion_.Trace(), traceSize.height())));
 }
 
-} // namespace ecg
+}  // namespace ecg

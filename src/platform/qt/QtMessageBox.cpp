@@ -23,7 +23,7 @@ Words WordsOf(MessageButtons buttons, bool chinese)
     return chinese ? Words{"确定", "取消"} : Words{"OK", "Cancel"};
 }
 
-} // namespace
+}  // namespace
 
 QtMessageBox::QtMessageBox(std::function<bool()> chinese) : chinese_(std::move(chinese)) {}
 
@@ -46,4 +46,4 @@ bool QtMessageBox::Show(std::string_view text, std::string_view title, MessageBu
     return box.clickedButton() == accept;
 }
 
-} // namespace ecg
+}  // namespace ecg

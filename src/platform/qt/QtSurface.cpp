@@ -34,7 +34,7 @@ double TypesetScale(const TextStyle& style, const QFontMetricsF& metrics)
     return style.Height / metrics.height();
 }
 
-} // namespace
+}  // namespace
 
 QtSurface::QtSurface(QPainter& painter, double width, double height, const Pictures& pictures)
     : painter_(painter), width_(width), height_(height), pictures_(pictures)
@@ -71,7 +71,7 @@ void QtSurface::Polyline(std::span<const Point> points, Colour colour)
 
 void QtSurface::Arc(Point centre, double radius, double startDegrees, double spanDegrees, Colour colour)
 {
-    constexpr double steps = 16; // Qt counts sixteenths of a degree
+    constexpr double steps = 16;  // Qt counts sixteenths of a degree
     const QPointF middle = At(centre);
     painter_.setPen(Pen(colour));
     painter_.setBrush(Qt::NoBrush);
@@ -155,4 +155,4 @@ void ImageSurface::Copy(const Surface& source, const Rect& area, Point to)
     }
 }
 
-} // namespace ecg
+}  // namespace ecg

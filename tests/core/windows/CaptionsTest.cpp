@@ -35,7 +35,7 @@ Words WordsOf(QWidget& window)
 void ExpectRoomForAllWords(QWidget& window)
 {
     EXPECT_LE(window.width(), 1024);
-    EXPECT_LE(window.height(), 720); // the frame of the window and a task bar take the rest of 768
+    EXPECT_LE(window.height(), 720);  // the frame of the window and a task bar take the rest of 768
     for (const auto* label : window.findChildren<QLabel*>()) {
         const bool isLine = label->isVisible() && !label->wordWrap();
         EXPECT_TRUE(!isLine || label->width() >= label->sizeHint().width()) << label->text().toStdString();
@@ -139,5 +139,5 @@ TEST_F(CoreWindowTest, ALanguageThatWasNeverSetIsChineseForTheNameWindowAndEngli
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -56,4 +56,4 @@ private:
     std::unique_ptr<QWidget> window_;
 };
 
-} // namespace ecg
+}  // namespace ecg

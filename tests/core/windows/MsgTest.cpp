@@ -83,5 +83,5 @@ TEST_F(MsgTest, AButtonLeavesItsIndexAndTheInputAndEnterIsTheFirst)
     EXPECT_EQ(State.MsgInputText, "as it was");
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

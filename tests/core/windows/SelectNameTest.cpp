@@ -24,7 +24,7 @@ TEST_F(SelectNameTest, AButtonStoresAllNamesAndTakesItsOwn)
     EXPECT_EQ(StoredSettings().DoctorNames[7].Text(), "Dr. Smith");
     EXPECT_TRUE(Messages.Shown.empty());
 
-    BlockSettingsFile(); // a name that cannot be stored holds for this run
+    BlockSettingsFile();  // a name that cannot be stored holds for this run
     Click(Open(), "Command1_0");
     EXPECT_EQ(State.DoctorName, "王建国");
     ASSERT_EQ(Messages.Shown.size(), 1U);
@@ -77,14 +77,14 @@ TEST_F(SelectNameTest, ABoxTakesNoMoreThanItsFieldHolds)
 {
     auto& window = Open();
     auto& box = Find<QLineEdit>(window, "Text1_0");
-    box.insert("一二三四五六七八九十"); // 20 bytes
+    box.insert("一二三四五六七八九十");  // 20 bytes
     QTest::keyClicks(&box, "abcdef");
     EXPECT_EQ(TextOf(window, "Text1_0"), "一二三四五六七八九十abcd");
     box.setCursorPosition(0);
-    QTest::keyClicks(&box, "x"); // what stands behind the cursor is kept
+    QTest::keyClicks(&box, "x");  // what stands behind the cursor is kept
     EXPECT_EQ(TextOf(window, "Text1_0"), "一二三四五六七八九十abcd");
     EXPECT_EQ(box.cursorPosition(), 0);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -24,5 +24,5 @@ TEST_F(SplashTest, ClosesByItselfAndAtOnceOnItsButtonEnterAndEscape)
     EXPECT_FALSE(window.isVisible());
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -212,9 +212,9 @@ TEST_F(SysSetTest, TheSlidersShowTheColourUnderAdjustmentAndItsName)
     QTest::keyClick(&Find<QSlider>(window, "Slider1_0"), Qt::Key_Right);
     EXPECT_EQ(LabelOf(window, "Label5_0"), "12");
     const QImage preview = Find<QWidget>(window, "Picture6").grab().toImage();
-    EXPECT_EQ(preview.pixelColor(20, 50), QColor(12, 22, 33)); // a strong line
-    EXPECT_EQ(preview.pixelColor(4, 50), QColor(15, 15, 15));  // a fine one
-    EXPECT_EQ(preview.pixelColor(22, 50), QColor(0, 0, 0));    // paper
+    EXPECT_EQ(preview.pixelColor(20, 50), QColor(12, 22, 33));  // a strong line
+    EXPECT_EQ(preview.pixelColor(4, 50), QColor(15, 15, 15));   // a fine one
+    EXPECT_EQ(preview.pixelColor(22, 50), QColor(0, 0, 0));     // paper
 }
 
 TEST_F(SysSetTest, DepthsBelongToTheColourMode)
@@ -297,7 +297,7 @@ TEST_F(SysSetTest, ADepartmentIsModifiedFromTheMenuAndFromTheKeyboard)
     EXPECT_EQ(menu.actions()[0]->text(), "修改");
     QTest::keyClick(&menu, Qt::Key_Down);
     QTest::keyClick(&menu, Qt::Key_Return);
-    rename("abcdefghijklmnopqrstuvwxyz"); // two more than fit
+    rename("abcdefghijklmnopqrstuvwxyz");  // two more than fit
     list.setCurrentRow(63);
     QTest::keyClick(&list, Qt::Key_Return);
     rename("last");
@@ -326,5 +326,5 @@ TEST_F(SysSetTest, DamagedSettingsOpenAsValidOnesAndKeepTheTextsNobodyTouched)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg
