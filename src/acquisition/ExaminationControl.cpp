@@ -68,6 +68,14 @@ void ExaminationControl::PressBack()
     }
 }
 
+void ExaminationControl::Leave()
+{
+    if (state_.ExamState != ExamState::Sampling)
+        return;
+    StopSampling();
+    writer_.Close();
+}
+
 void ExaminationControl::BeginStandard()
 {
     state_.CurrentPatient.No.Set("");

@@ -27,6 +27,9 @@ public:
     void PressGo();    // key 16: standard examination, start, finish
     void PressBack();  // key 17: quick examination, cancel, sample again
 
+    // Ends a running sampling without showing its record, which gets its header as far as it goes: the program ends.
+    void Leave();
+
 private:
     void WriteSample(std::int32_t slot, const RecordSample& sample) override;
     void LimitReached() override;

@@ -80,6 +80,7 @@ void KeyPanel::Exit()
 {
     if (!WriteSettings(state_.SettingsFile(), state_.SysInfo))
         messages_.Tell(notSaved.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
+    examination_.Leave();
     monitor_.Shutdown();
     windows_.Close(WindowName::frmPat);
     view_.CloseWindow();

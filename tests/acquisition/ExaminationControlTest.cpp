@@ -1,5 +1,6 @@
 // An examination from the quick key to the record on the disk, played with the demonstration's frames by a fake clock.
 #include "acquisition/MonitorFixture.h"
+#include "core/formats/FixedRecordFile.h"
 
 #include <gmock/gmock.h>
 
@@ -106,6 +107,18 @@ TEST_F(ExaminationControlTest, TellsWhatDidNotReachTheDisk)
     Examination.PressGo();
     EXPECT_THAT(State.MsgLines[3], testing::HasSubstr("2.0"));
     EXPECT_NE(State.MsgLines[4], "");
+}
+
+TEST_F(ExaminationControlTest, ExitInTheMiddleLeavesAWholeRecord)
+{
+    StartDemo();
+    State.DoctorName = "Dr Li";
+    Examination.PressBack();
+    RunDemo(4000);
+    Keys.PressKey(key::Exit);
+    EXPECT_EQ(RecordSize(), 4784U + 2000 * 16);
+    const auto file = OpenFile(Folder.Paths().File(Path()), OpenMode::Read);
+    EXPECT_EQ(FixedRecordFile<RecordHeader>(*file).Read(1)->Doctor.Text(), "Dr Li");
 }
 
 TEST_F(ExaminationControlTest, WithoutAPatientNothingBegins)
