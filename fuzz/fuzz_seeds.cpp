@@ -2,7 +2,6 @@
 #include "box/WireFrame.h"
 #include "core/Settings.h"
 
-#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -16,6 +15,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 bool Write(const std::filesystem::path& file, const Bytes& bytes)
 {
+    std::filesystem::create_directories(file.parent_path());
     std::ofstream out(file, std::ios::binary);
     out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     return out.good();
@@ -45,51 +45,38 @@ Bytes StreamSeed(std::uint8_t key, std::uint8_t system, std::uint8_t chunk)
 Bytes BeatSeed()
 {
     constexpr int quietFrames = 150;
-    constexpr std::uint8_t startAtZero = 0x80 | ZeroLevel / 64;
-    constexpr std::uint8_t startAtStep = 0x80 | 3000 / 64;
     Bytes bytes{0, 0, 15};
     AppendFrame(bytes, 0, FrameType::LeadOff, 0, ZeroLevel);
-    bytes.insert(bytes.end(), quietFrames, startAtZero);
-    bytes.insert(bytes.end(), 3, startAtStep);
+    bytes.insert(bytes.end(), quietFrames, 0x80 | ZeroLevel / 64);
+    bytes.insert(bytes.end(), 3, 0x80 | 3000 / 64);
     return bytes;
 }
 
-bool WriteStreams(const std::filesystem::path& folder)
+Bytes SettingsSeed()
 {
-    std::filesystem::create_directories(folder);
-    return Write(folder / "wilson", StreamSeed(0x5A, 0, 15)) && Write(folder / "frank", StreamSeed(0xC3, 1, 0)) &&
-           Write(folder / "unscrambled", StreamSeed(0, 0, 255)) && Write(folder / "beat", BeatSeed());
-}
-
-bool WriteSettingsFiles(const std::filesystem::path& folder)
-{
-    std::filesystem::create_directories(folder);
     SysInfo settings;
     LoadFactorySettings(settings, FactoryGroup::All, true);
     settings.HospitalName.Set("人民医院 General");
     settings.DoctorNames[0].Set("王医生");
     const auto* first = reinterpret_cast<const std::uint8_t*>(&settings);
-    const Bytes whole(first, first + sizeof settings);
-    Bytes longer = whole;
-    longer.resize(longer.size() + 100, 0xFF);
-    const Bytes half(whole.begin(), whole.begin() + sizeof settings / 2);
-    return Write(folder / "whole", whole) && Write(folder / "longer", longer) && Write(folder / "half", half) &&
-           Write(folder / "ones", Bytes(sizeof settings, 0xFF)) && Write(folder / "empty", {});
+    return {first, first + sizeof settings};
 }
 
-} // namespace
-} // namespace ecg::fuzz
+bool WriteSeeds(const std::filesystem::path& folder)
+{
+    return Write(folder / "decoder/wilson", StreamSeed(0x5A, 0, 15)) &&
+           Write(folder / "decoder/frank", StreamSeed(0xC3, 1, 0)) && Write(folder / "decoder/beat", BeatSeed()) &&
+           Write(folder / "settings/factory", SettingsSeed()) &&
+           Write(folder / "settings/ones", Bytes(sizeof(SysInfo), 0xFF));
+}
+
+}  // namespace
+}  // namespace ecg::fuzz
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fputs("usage: fuzz_seeds FOLDER\n", stderr);
-        return 2;
-    }
-    const std::filesystem::path folder = argv[1];
-    const bool written =
-        ecg::fuzz::WriteStreams(folder / "decoder") && ecg::fuzz::WriteSettingsFiles(folder / "settings");
-    if (!written)
-        std::fprintf(stderr, "could not write the seeds into %s\n", argv[1]);
-    return written ? 0 : 1;
+    if (argc == 2 && ecg::fuzz::WriteSeeds(argv[1]))
+        return 0;
+    std::fputs("usage: fuzz_seeds FOLDER, which can be written\n", stderr);
+    return 1;
 }

@@ -60,7 +60,8 @@ private:
     int handle_;
 };
 
-// A rename lives in the folder, so the folder has to reach the disk too.
+}  // namespace
+
 void FlushFolder(const std::filesystem::path& folder)
 {
     const int handle = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -69,8 +70,6 @@ void FlushFolder(const std::filesystem::path& folder)
     fsync(handle);
     close(handle);
 }
-
-} // namespace
 
 std::unique_ptr<ByteFile> OpenFile(const std::filesystem::path& path, OpenMode mode)
 {
@@ -102,4 +101,4 @@ bool ReplaceFile(const std::filesystem::path& path, std::span<const std::byte> b
     return true;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -97,5 +97,5 @@ TEST(BeatDetector, MarksWhatThePlainScanMarksOnARealHeart)
         EXPECT_GT(CompareWithPlainScan(recording->Wilson, channel), 30) << "channel " << channel;
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

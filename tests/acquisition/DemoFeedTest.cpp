@@ -94,7 +94,7 @@ TEST_F(DemoFeedTest, WandersByASineOfThreeSeconds)
 {
     Play(LeadSystem::Frank, std::vector<Frame>(3001, LevelFrame(2048)));
     EXPECT_THAT(Run(1000), Each(LevelFrame(2048)));
-    Feed.FlipWander(); // its phase went on while it was off
+    Feed.FlipWander();  // its phase went on while it was off
     const auto wandering = Run(4000);
     for (std::size_t i = 0; i < wandering.size(); ++i) {
         const double exact = 2048 + 250 * std::sin((static_cast<double>(i) + 500) * 3.14159265358979 / 750);
@@ -119,7 +119,7 @@ TEST_F(DemoFeedTest, AMissingFileRunsNothingAndDamagedOnesRunAtTheirPace)
     EXPECT_FALSE(Open(LeadSystem::Wilson));
     EXPECT_THAT(Run(100), IsEmpty());
     WriteDemoFile(Folder.File("EcgTest.dat"), SineFrames(3));
-    for (const std::uintmax_t size : {4831U, 4824U, 4816U, 4784U, 100U, 0U}) { // of 4832 bytes
+    for (const std::uintmax_t size : {4831U, 4824U, 4816U, 4784U, 100U, 0U}) {  // of 4832 bytes
         std::filesystem::resize_file(Folder.File("EcgTest.dat"), size);
         ASSERT_TRUE(Open(LeadSystem::Wilson));
         EXPECT_EQ(Run(200).size(), 100U) << size << " bytes";
@@ -131,5 +131,5 @@ TEST_F(DemoFeedTest, AMissingFileRunsNothingAndDamagedOnesRunAtTheirPace)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

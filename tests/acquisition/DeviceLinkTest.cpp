@@ -40,7 +40,7 @@ TEST_F(DeviceLinkTest, ScansAllPortsInOrderAndOnlyAsks)
     EXPECT_EQ(State.DevicePort, 0);
     EXPECT_FALSE(Port.IsOpen());
     Port.Open(3);
-    Link.SendFilters(); // to whom?
+    Link.SendFilters();  // to whom?
     Link.StartStream(LeadSystem::Wilson);
     Link.StopStream();
     Link.ReturnBaseline();
@@ -81,7 +81,7 @@ TEST_F(DeviceLinkTest, SendsEachPacketWithTheParametersThatStandBehind)
     Box.Plug(1);
     Link.FindDevice();
     Port.Written.clear();
-    Link.SendFilters(); // AC 50 Hz, baseline setting 2, muscle setting 2
+    Link.SendFilters();  // AC 50 Hz, baseline setting 2, muscle setting 2
     Link.StartStream(LeadSystem::Wilson);
     Link.StartStream(LeadSystem::Frank);
     Link.ReturnBaseline();
@@ -106,11 +106,11 @@ TEST_F(DeviceLinkTest, TranslatesTheFilterSettings)
             State.SysInfo.FilterIndex[filter] = static_cast<Byte>(index);
             Link.SendFilters();
             std::array<std::uint8_t, 3> expected{};
-            expected[filter] = codes[filter][std::min(index, codes[filter].size() - 1)]; // outside, the last stays
+            expected[filter] = codes[filter][std::min(index, codes[filter].size() - 1)];  // outside, the last stays
             EXPECT_EQ(Port.Written.back(), CommandBytes(37, expected)) << filter << " " << index;
         }
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -77,7 +77,7 @@ TEST(FrameDecoder, AMissingElectrodeBlanksItsChannelsAndNoOthers)
             else if (electrode <= 4)
                 expected.fill(2048);
             else
-                expected.at(static_cast<std::size_t>(electrode - 3)) = 2048; // 5 to 10 are V1 to V6, channels 2 to 7
+                expected.at(static_cast<std::size_t>(electrode - 3)) = 2048;  // 5 to 10 are V1 to V6, channels 2 to 7
             Receiver receiver(system);
             const Frame unknown = receiver.Take(sent, 0, FrameKind::Status);
             EXPECT_EQ(unknown[0], 2048) << "no signal before the box has spoken of its electrodes";
@@ -129,7 +129,7 @@ TEST(FrameDecoder, ALostByteCostsOneFrame)
         auto stream = EncodeFrames(frames);
         stream.erase(stream.begin() + static_cast<std::ptrdiff_t>(16 * hit + lost));
         auto delivered = DecodeInChunks(stream, 16);
-        if (lost == 0) // without its start byte it runs into the one before
+        if (lost == 0)  // without its start byte it runs into the one before
             frames.erase(frames.begin() + hit);
         const std::size_t spoilt = lost == 0 ? hit - 1 : hit;
         ASSERT_EQ(delivered.size(), frames.size());
@@ -157,5 +157,5 @@ TEST(FrameDecoder, GarbageNeverSpoilsTheNextGoodFrame)
     EXPECT_THAT(receiver.Frames, Each(Each(AllOf(Ge(0), Le(4095)))));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

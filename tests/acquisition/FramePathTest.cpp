@@ -38,11 +38,11 @@ protected:
 
     SharedState State;
     FramePath Path{State, *this};
-    int Taken = 0; // frames; the number of the one in work
+    int Taken = 0;  // frames; the number of the one in work
     std::vector<int> RrCounts;
     std::vector<std::pair<LeadSystem, std::int32_t>> Times;
-    std::vector<int> Columns; // frames that became columns without a beat
-    std::vector<int> Beats;   // and with one
+    std::vector<int> Columns;  // frames that became columns without a beat
+    std::vector<int> Beats;    // and with one
     std::vector<std::pair<std::int32_t, RecordSample>> Written;
 };
 
@@ -81,7 +81,7 @@ TEST_F(FramePathTest, EachLeadSystemHasItsOwnHistory)
 {
     State.SysInfo.SpeedIndex = 0;
     Take(LeadSystem::Wilson, BeatFrames(205, {203}));
-    Take(LeadSystem::Frank, BeatFrames(100, {50})); // too early for Frank, whose count is its own
+    Take(LeadSystem::Frank, BeatFrames(100, {50}));  // too early for Frank, whose count is its own
     EXPECT_THAT(RrCounts, SizeIs(1));
     EXPECT_THAT(Beats, IsEmpty()) << "a Wilson beat is no Frank column's";
     Take(LeadSystem::Wilson, BeatFrames(6, {}));
@@ -113,5 +113,5 @@ TEST_F(FramePathTest, AFrankSamplingHasNoLastChannelsAndByHandNoLimit)
     EXPECT_EQ(ToFrame(Written[260].second), (Frame{2100, 2100, 2100, 2100, 2100, 2100, 0, 0}));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

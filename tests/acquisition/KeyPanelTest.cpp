@@ -85,5 +85,5 @@ TEST_F(KeyPanelTest, WindowsOverARecordingKeepItsStreamAlsoWhenTheyAreMissing)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -88,7 +88,7 @@ TEST_F(LiveDisplayTest, BeginsEverySweepWithAPulseOfOneMillivolt)
 {
     ShowLeads({6, 7});
     for (const auto& [gain, pulse] : std::map<int, double>{{0, 20}, {1, 40}, {2, 80}})
-        for (const int level : {2048, 2048 + 226}) { // what is measured meanwhile does not show
+        for (const int level : {2048, 2048 + 226}) {  // what is measured meanwhile does not show
             Settings.GainIndex = static_cast<std::int16_t>(gain);
             Display.ResetSweep();
             for (int x = 1; x <= 30; ++x) {
@@ -145,5 +145,5 @@ TEST(LeadDerivation, MakesTwelveLeadsOfEightChannels)
     EXPECT_THAT(DeriveFrankLeads(frame), ElementsAre(452.0F, 253.0F, -2048.0F));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -16,10 +16,11 @@ class LiveMonitorTest : public MonitorFixture {};
 TEST_F(LiveMonitorTest, ARecoveryLastsTwoSecondsFromTheLastReconnect)
 {
     StartBox();
-    Box.Stream(level, 0b1000001); // electrodes 1 and 7 are off
+    State.SysInfo.SystemControlTime = 0;  // no limit ends a sampling here
+    Box.Stream(level, 0b1000001);         // electrodes 1 and 7 are off
     EXPECT_THAT(View.ElectrodeOff, Contains(Pair(6U, true)));
     EXPECT_FALSE(View.Recovery);
-    for (const unsigned off : {0b1000000U, 0U}) { // the second reconnect begins it anew
+    for (const unsigned off : {0b1000000U, 0U}) {  // the second reconnect begins it anew
         Box.Stream(level, off);
         for (int i = 0; i < 39; ++i)
             Monitor.OnRecoveryTick();
@@ -65,7 +66,7 @@ TEST_F(LiveMonitorTest, WatchesTheLeadThatIsPickedUnlessItIsDerived)
     }
     EXPECT_EQ(watched, "II II III III III III V1 V2 V3 V4 V5 V6 V6 ");
     auto frames = BeatFrames(202, {});
-    frames[200][5] = 400; // V4 alone beats
+    frames[200][5] = 400;  // V4 alone beats
     for (const std::size_t beats : {0U, 1U}) {
         Box.Stream(frames);
         EXPECT_THAT(View.HeartRates, SizeIs(beats));
@@ -86,7 +87,7 @@ TEST_F(LiveMonitorTest, TheDemonstrationChangesItsLeadSystemAndIsBlankedAsABoxWo
     EXPECT_EQ(Trace.Lines.size(), 99U * 3);
     EXPECT_EQ(View.HeartLead, "Y");
     EXPECT_EQ(View.CaptionSet, LeadSystem::Frank);
-    Monitor.ReturnBaseline(); // (2 + 1) x 50 frames
+    Monitor.ReturnBaseline();  // (2 + 1) x 50 frames
     for (const auto& [ms, ink, lit] : {std::tuple{290, resetting, true}, std::tuple{20, watching, false}}) {
         RunDemo(ms);
         EXPECT_EQ(Trace.Lines.back().Ink, ink);
@@ -144,10 +145,10 @@ TEST_F(LiveMonitorTest, ShowsTheFilterStatesThatTheBoxReports)
 {
     StartBox();
     Box.Stream(level, 0b110'000'01, FrameKind::Status);
-    Box.Stream(level, 0b111'101'11, FrameKind::Status); // codes without a label change none
+    Box.Stream(level, 0b111'101'11, FrameKind::Status);  // codes without a label change none
     EXPECT_THAT(View.FilterStates, ElementsAre(Pair(wire::Filter::Ac, "50Hz"), Pair(wire::Filter::Baseline, "3.3s"),
                                                Pair(wire::Filter::Muscle, "77Hz")));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -4,6 +4,7 @@
 #include "acquisition/KeyPanel.h"
 #include "acquisition/LiveMonitor.h"
 #include "support/FakeBox.h"
+#include "support/FakeDesk.h"
 #include "support/RecordingSurface.h"
 #include "support/RecordingView.h"
 #include "support/ScriptedMessageBox.h"
@@ -86,7 +87,10 @@ protected:
     RecordingSurface Grid{400, 650};
     RecordingSurface Trace{400, 650};
     LiveMonitor Monitor{State, Port, Clock, Messages, View};
-    KeyPanel Keys{State, Monitor, View, Windows, Messages};
+    FakeDesk Desk{State};
+    RecordWriter Writer{State};
+    ExaminationControl Examination{State, Monitor, View, Windows, Messages, Clock, Desk, Writer};
+    KeyPanel Keys{State, Monitor, Examination, View, Windows, Messages};
 };
 
-} // namespace ecg
+}  // namespace ecg

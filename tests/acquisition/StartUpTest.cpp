@@ -26,7 +26,7 @@ protected:
 
     std::string Doctor = "王医生";
     RecordingPrinter Printer;
-    int seenLanguage_ = -1; // by the name window
+    int seenLanguage_ = -1;  // by the name window
 
 private:
     std::filesystem::path start_;
@@ -126,5 +126,5 @@ TEST(ExamLabels, SayEachStateInBothLanguages)
     EXPECT_EQ(NextTickerLeft(929), 1024) << "924 is the end";
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -60,4 +60,4 @@ private:
     int number_ = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

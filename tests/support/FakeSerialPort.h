@@ -57,7 +57,7 @@ public:
 
     int OpenPort() const { return open_; }
 
-    std::set<int> Existing; // ports that can be opened
+    std::set<int> Existing;  // ports that can be opened
     std::size_t Threshold = 0;
     std::vector<int> Opened;
     std::vector<Bytes> Written;
@@ -72,4 +72,4 @@ private:
     std::function<void()> lost_;
 };
 
-} // namespace ecg
+}  // namespace ecg

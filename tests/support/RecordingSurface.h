@@ -98,4 +98,4 @@ public:
     std::unique_ptr<RecordingSurface> Page;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -43,7 +43,10 @@ protected:
     Pictures Drawings{std::filesystem::path(ECG_SOURCE) / "assets" / "pictures"};
     frmMain Window{State, Drawings, Clock};
     LiveMonitor Monitor{State, Port, Clock, Messages, Window};
-    KeyPanel Keys{State, Monitor, Window, Windows, Messages};
+    FakeDesk Desk{State};
+    RecordWriter Writer{State};
+    ExaminationControl Examination{State, Monitor, Window, Windows, Messages, Clock, Desk, Writer};
+    KeyPanel Keys{State, Monitor, Examination, Window, Windows, Messages};
 };
 
 TEST_F(MainWindow, AClickOnACaptionHidesItsLeadAndWithShiftWatchesIt)
@@ -129,7 +132,7 @@ TEST_F(MainWindow, ShowsAMissingElectrodeAndItsReturnAndABoxThatIsLost)
 {
     Box.Plug(1);
     Show();
-    Box.Stream(LevelFrame(2048), 1U << 5); // V2
+    Box.Stream(LevelFrame(2048), 1U << 5);  // V2
     EXPECT_GT(PixelOf("Label3_14", 3, 10).red(), PixelOf("Label3_14", 3, 10).green() + 100);
     Box.Stream(LevelFrame(2048));
     EXPECT_EQ(PixelOf("Label3_14", 3, 10), QColor(190, 199, 152));
@@ -181,20 +184,20 @@ TEST_F(MainWindow, AllTextsFitInBothLanguagesAndTheKeysFollowTheState)
     State.CurrentPatient.No.Set("123456789");
     State.CurrentPatient.Name.Set("欧阳欧阳欧阳欧阳");
     State.WilsonSamples = State.FrankSamples = 1000 * FramesPerSecond;
-    Clock.Calendar = {2026, 12, 30, 3, 23, 59, 59}; // a Wednesday, the longest name
+    Clock.Calendar = {2026, 12, 30, 3, 23, 59, 59};  // a Wednesday, the longest name
     Show();
     Window.ShowHeartRate("240 bpm");
     Window.ShowNoDevice(true);
     Window.ShowRecovery(true);
     for (const Byte language : {ChineseLanguage, Byte{2}})
-        for (const int state : {0, 1, 2, 3}) { // 3: sampling by hand
+        for (const int state : {0, 1, 2, 3}) {  // 3: sampling by hand
             State.SysInfo.Language = language;
             State.ExamState = static_cast<ExamState>(std::min(state, 2));
             State.SysInfo.SystemControlTime = state == 3 ? 0 : 1;
             ShowAll();
             for (const QLabel* label : Window.findChildren<QLabel*>()) {
                 SCOPED_TRACE(label->objectName().toStdString() + ": " + label->text().toStdString());
-                if (label->isVisible() && label->objectName() != "Label1") // the ticker runs through its window
+                if (label->isVisible() && label->objectName() != "Label1")  // the ticker runs through its window
                     ExpectToFit(Window, *label);
             }
             for (const QComboBox* combo : Window.findChildren<QComboBox*>())
@@ -217,11 +220,11 @@ TEST_F(MainWindow, ALargerWindowGivesItsRoomToTheTrace)
     QCoreApplication::processEvents();
     EXPECT_EQ(trace.size() - before, QSize(400, 200));
     EXPECT_EQ(Monitor.Display().RowHeight(), RoundToInt(trace.height() / 13.0));
-    for (const int x : {20, trace.width() / 20 * 20}) { // the grid reaches the new edge, at any scale of the screen
+    for (const int x : {20, trace.width() / 20 * 20}) {  // the grid reaches the new edge, at any scale of the screen
         EXPECT_EQ(PixelOf("Picture4", x, 603), QColor(30, 30, 30));
         EXPECT_EQ(PixelOf("Picture4", x - 1, 603), QColor(0, 0, 0));
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

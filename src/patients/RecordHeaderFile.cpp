@@ -1,0 +1,33 @@
+#include "patients/RecordHeaderFile.h"
+
+#include "core/formats/FixedRecordFile.h"
+
+namespace ecg {
+
+std::optional<RecordHeader> ReadRecordHeader(FileSystem& files, const std::filesystem::path& record)
+{
+    const auto file = files.Open(record, OpenMode::Read);
+    return file ? FixedRecordFile<RecordHeader>(*file).Read(1) : std::nullopt;
+}
+
+bool WriteRecordHeader(FileSystem& files, const std::filesystem::path& record, const RecordHeader& header)
+{
+    if (!IsFile(record))
+        return false;  // opening would make it
+    const auto file = files.Open(record, OpenMode::ReadWrite);
+    return file && FixedRecordFile<RecordHeader>(*file).Count() >= 1 &&
+           FixedRecordFile<RecordHeader>(*file).Write(1, header) && file->Flush();
+}
+
+bool ChangeClassAndBed(FileSystem& files, const std::filesystem::path& record, std::string_view department,
+                       std::string_view bed)
+{
+    auto header = ReadRecordHeader(files, record);
+    if (!header)
+        return false;
+    SetIfChanged(header->Department, TrimField(department));
+    SetIfChanged(header->Bed, TrimField(bed));
+    return WriteRecordHeader(files, record, *header);
+}
+
+}  // namespace ecg

@@ -1,0 +1,23 @@
+// The header of a finished record, read and rewritten in place; the samples behind it are never touched.
+#pragma once
+
+#include "core/formats/RecordHeader.h"
+#include "platform/FileSystem.h"
+
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+namespace ecg {
+
+// Nothing when the file does not exist or is shorter than a header.
+std::optional<RecordHeader> ReadRecordHeader(FileSystem& files, const std::filesystem::path& record);
+
+// Writes over the header of a file that has one. False when there is none or the disk refuses.
+bool WriteRecordHeader(FileSystem& files, const std::filesystem::path& record, const RecordHeader& header);
+
+// Gives a record another department and bed, trailing blanks cut. False as above.
+bool ChangeClassAndBed(FileSystem& files, const std::filesystem::path& record, std::string_view department,
+                       std::string_view bed);
+
+}  // namespace ecg

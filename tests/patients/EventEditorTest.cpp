@@ -1,0 +1,81 @@
+// Editing the events of a record: which slot a new one takes, what is stored, what is left alone.
+#include "patients/EventEditor.h"
+
+#include "patients/RecordTable.h"
+
+#include <gtest/gtest.h>
+
+namespace ecg {
+namespace {
+
+constexpr std::int32_t onView = 9000;  // slot
+
+RecordHeader TwoEvents()
+{
+    RecordHeader header;
+    header.ExamTime.Set("20260309080500");
+    header.EventPos[0] = 300 + 1000;
+    header.EventText[0].Set("胸痛");
+    header.EventPos[2] = 200;
+    header.EventText[2].Set("early");
+    header.EventText[4].Set("left behind");
+    return header;
+}
+
+TEST(EventEditor, ShowsTheEventsOfTheHeader)
+{
+    const EventEditor editor(TwoEvents());
+    EXPECT_EQ(editor.Time(1), "2026/03/09 08:05:02");
+    EXPECT_EQ(editor.Text(1), "胸痛");
+    EXPECT_EQ(editor.Position(1), 1300);
+    EXPECT_EQ(editor.Time(3) + editor.Text(3), "early");  // lies before the first sample
+    EXPECT_EQ(editor.Time(5) + editor.Text(5), "");
+    for (const int row : {-1, 0, 47})
+        EXPECT_TRUE(editor.Text(row).empty() && editor.Time(row).empty() && !editor.Position(row)) << row;
+    EXPECT_FALSE(editor.Dirty());
+}
+
+TEST(EventEditor, NewEventsTakeTheFirstFreeRowsAndOnePosition)
+{
+    EventEditor editor(TwoEvents());
+    for (const char* text : {"a", "b"})
+        editor.SetText(*editor.FreeRow(), text);
+    EXPECT_TRUE(editor.Dirty());
+    EXPECT_EQ(editor.Text(2) + editor.Text(4), "ab");
+    EXPECT_FALSE(editor.Position(2));
+    const RecordHeader stored = editor.Stored(onView);
+    EXPECT_EQ(stored.EventPos[1], onView);
+    EXPECT_EQ(stored.EventPos[3], onView);
+    EXPECT_EQ(stored.EventPos[2], 200);
+    EXPECT_EQ(stored.EventPos[4], 0);
+    EXPECT_EQ(EventCount(stored), 4);
+    EXPECT_EQ(editor.Stored(0).EventPos[1], 1);
+}
+
+TEST(EventEditor, AnEmptiedTextFreesItsSlotAndLeavesAGap)
+{
+    EventEditor editor(TwoEvents());
+    editor.SetText(1, "胸痛");
+    EXPECT_FALSE(editor.Dirty());
+    editor.SetText(1, "");
+    editor.SetText(47, "x");
+    const RecordHeader stored = editor.Stored(onView);
+    EXPECT_EQ(stored.EventPos[0], 0);
+    EXPECT_EQ(EventCount(stored), 0);
+    EXPECT_EQ(EventEditor(stored).Text(3), "early");
+}
+
+TEST(EventEditor, ALongTextIsCutAndAFullTableTakesNoMore)
+{
+    EventEditor editor(RecordHeader{});
+    for (int row = 1; row <= EventSlotCount; ++row) {
+        ASSERT_EQ(editor.FreeRow(), row);
+        editor.SetText(row, "一二三四五六七八九十一二");
+    }
+    EXPECT_FALSE(editor.FreeRow());
+    EXPECT_EQ(editor.Text(46), "一二三四五六七八九十一");
+    EXPECT_EQ(EventCount(editor.Stored(onView)), 46);
+}
+
+}  // namespace
+}  // namespace ecg
