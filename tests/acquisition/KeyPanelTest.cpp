@@ -60,7 +60,8 @@ TEST_F(KeyPanelTest, SetupAppliesWhatWasChangedBeneathTheSelectors)
     EXPECT_THAT(Port.Written, ElementsAre(CommandBytes(37, {}), StopCommand, CommandBytes(21, {2, 0, 0})));
     EXPECT_EQ(View.CaptionSet, LeadSystem::Frank);
     EXPECT_EQ(Monitor.Display().RowHeight(), 650);
-    EXPECT_EQ(Grid.Fills.front().Ink, (Colour{9, 9, 9}));
+    ASSERT_THAT(Grid.Fills, SizeIs(1));
+    EXPECT_EQ(Grid.Fills[0].Ink, (Colour{9, 9, 9}));
     EXPECT_THAT(View.Calls, ElementsAre("selectors"));
 }
 

@@ -123,9 +123,10 @@ TEST_F(LiveMonitorTest, TakesUpABoxThatWasUnpluggedAndNeverPutsTheDemonstrationI
     StartBox();
     Port.Unplug();
     EXPECT_EQ(View.NoDevice, true);
-    EXPECT_EQ(View.HeartRates.back(), "") << "nobody measures it";
+    EXPECT_THAT(View.HeartRates, ElementsAre("")) << "nobody measures it";
     for (int second = 0; second < 5; ++second)
         Monitor.OnSecond();
+    EXPECT_FALSE(View.IsRunning(MainTimer::Demo));
     Monitor.LeaveFront();
     Monitor.ComeToFront();
     EXPECT_FALSE(View.IsRunning(MainTimer::Demo));

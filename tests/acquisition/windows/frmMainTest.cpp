@@ -93,12 +93,13 @@ TEST_F(MainWindow, TheSelectorsSetWhatTheyName)
 {
     Box.Plug(1);
     Show();
-    for (const auto& [name, key] :
-         {std::pair{"Combo1_1", Qt::Key_Down}, std::pair{"Combo1_2", Qt::Key_Down}, std::pair{"Combo1_4", Qt::Key_Up}})
-        QTest::keyClick(&Control(name), key);
+    for (const char* name : {"Combo1_1", "Combo1_2"})
+        QTest::keyClick(&Control(name), Qt::Key_Down);
+    for (const char* name : {"Combo1_4", "Combo1_5"})
+        QTest::keyClick(&Control(name), Qt::Key_Up);
     EXPECT_EQ(State.SysInfo.GainIndex, 1);
     EXPECT_EQ(State.SysInfo.SpeedIndex, 2);
-    EXPECT_EQ(State.SysInfo.FilterOn, (std::array<Byte, 3>{1, 0, 1}));
+    EXPECT_EQ(State.SysInfo.FilterOn, (std::array<Byte, 3>{1, 0, 0}));
     EXPECT_EQ(Port.Written.back()[4], 37);
     QTest::keyClick(&Control("Combo1_0"), Qt::Key_Down);
     EXPECT_EQ(State.SysInfo.LeadSystem, 1);
