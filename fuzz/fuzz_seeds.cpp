@@ -1,6 +1,8 @@
-// Writes the inputs that fuzzing starts from: `fuzz_seeds FOLDER` fills FOLDER/decoder and FOLDER/settings.
+// Writes the inputs that fuzzing starts from: `fuzz_seeds FOLDER` fills a folder for each target in FOLDER.
 #include "box/WireFrame.h"
 #include "core/Settings.h"
+#include "core/formats/PatientRecord.h"
+#include "core/formats/RecordHeader.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -77,6 +79,42 @@ bool WriteSettingsFiles(const std::filesystem::path& folder)
            Write(folder / "ones", Bytes(sizeof settings, 0xFF)) && Write(folder / "empty", {});
 }
 
+template <class Record>
+Bytes BytesOf(const Record& record)
+{
+    const auto* first = reinterpret_cast<const std::uint8_t*>(&record);
+    return {first, first + sizeof record};
+}
+
+// A number, a quick patient, a deleted slot, and a number that would lead out of the folder; then half a record.
+bool WritePatientFiles(const std::filesystem::path& folder)
+{
+    std::filesystem::create_directories(folder);
+    Bytes bytes;
+    for (const char* number : {"12", "RUVO00001", "", "../up"}) {
+        PatientRecord patient;
+        patient.No.Set(number);
+        patient.Name.Set("张三*");
+        patient.BirthYear.Set("1980");
+        const Bytes record = BytesOf(patient);
+        bytes.insert(bytes.end(), record.begin(), record.end());
+    }
+    const Bytes cut(bytes.begin(), bytes.begin() + sizeof(PatientRecord) * 3 / 2);
+    return Write(folder / "patients", bytes) && Write(folder / "cut", cut) && Write(folder / "empty", {});
+}
+
+bool WriteRecordFiles(const std::filesystem::path& folder)
+{
+    std::filesystem::create_directories(folder);
+    RecordHeader header;
+    header.ExamTime.Set("20260309080507");
+    header.EventPos[0] = 1300;
+    header.EventText[0].Set("胸痛");
+    Bytes bytes = BytesOf(header);
+    bytes.resize(bytes.size() + 100);
+    return Write(folder / "record", bytes) && Write(folder / "short", Bytes(100, 'x'));
+}
+
 } // namespace
 } // namespace ecg::fuzz
 
@@ -88,7 +126,8 @@ int main(int argc, char** argv)
     }
     const std::filesystem::path folder = argv[1];
     const bool written =
-        ecg::fuzz::WriteStreams(folder / "decoder") && ecg::fuzz::WriteSettingsFiles(folder / "settings");
+        ecg::fuzz::WriteStreams(folder / "decoder") && ecg::fuzz::WriteSettingsFiles(folder / "settings") &&
+        ecg::fuzz::WritePatientFiles(folder / "patients") && ecg::fuzz::WriteRecordFiles(folder / "record");
     if (!written)
         std::fprintf(stderr, "could not write the seeds into %s\n", argv[1]);
     return written ? 0 : 1;
