@@ -30,7 +30,7 @@ std::vector<Frame> SignalOf(std::int16_t (*value)(std::size_t))
 // Full-scale noise: the largest rise of the ring changes at random.
 std::vector<Frame> NoiseSignal()
 {
-    std::mt19937 random(1); // NOLINT: the same signal every time
+    std::mt19937 random(1);  // NOLINT: the same signal every time
     std::vector<Frame> frames(std::size_t{signalSeconds} * FramesPerSecond);
     for (Frame& frame : frames)
         frame.fill(static_cast<std::int16_t>(random() & SampleMask));
@@ -40,7 +40,7 @@ std::vector<Frame> NoiseSignal()
 // Ever steeper ramps: every frame brings the largest rise so far.
 std::vector<Frame> SteepeningSignal()
 {
-    constexpr std::size_t rampFrames = 286; // t * t / 20 then reaches full scale
+    constexpr std::size_t rampFrames = 286;  // t * t / 20 then reaches full scale
     return SignalOf([](std::size_t i) {
         const std::size_t t = i % rampFrames;
         return static_cast<std::int16_t>(t * t / 20);
@@ -102,5 +102,5 @@ BENCHMARK_CAPTURE(DetectBeats, steepening, SteepeningSignal)->Name("BeatDetector
 BENCHMARK_CAPTURE(DetectBeats, flattening, FlatteningSignal)->Name("BeatDetector/EverFlatter");
 BENCHMARK_CAPTURE(ScanPlainly, heart, HeartSignal)->Name("BeatDetector/PlainScanOfHeartSignal");
 
-} // namespace
-} // namespace ecg::bench
+}  // namespace
+}  // namespace ecg::bench

@@ -37,5 +37,5 @@ void BytesToColumn(benchmark::State& run)
 
 BENCHMARK(BytesToColumn)->Name("FramePath/BytesToColumn")->ArgName("chunk")->Arg(16)->Arg(4096);
 
-} // namespace
-} // namespace ecg::bench
+}  // namespace
+}  // namespace ecg::bench

@@ -9,9 +9,9 @@
 namespace ecg::bench {
 namespace {
 
-constexpr int traceWidth = 848; // pixels of the trace area in a window of 1024 by 768
+constexpr int traceWidth = 848;  // pixels of the trace area in a window of 1024 by 768
 constexpr int traceHeight = 680;
-constexpr std::size_t framesPerColumn = 2; // 50 mm/s
+constexpr std::size_t framesPerColumn = 2;  // 50 mm/s
 constexpr Colour traceColour{255, 255, 0};
 
 void DrawColumns(benchmark::State& run, LeadSystem system)
@@ -50,5 +50,5 @@ void GainsAndScales(benchmark::internal::Benchmark* benchmark)
 BENCHMARK_CAPTURE(DrawColumns, wilson, LeadSystem::Wilson)->Name("LiveDisplay/WilsonColumn")->Apply(GainsAndScales);
 BENCHMARK_CAPTURE(DrawColumns, frank, LeadSystem::Frank)->Name("LiveDisplay/FrankColumn")->Apply(GainsAndScales);
 
-} // namespace
-} // namespace ecg::bench
+}  // namespace
+}  // namespace ecg::bench

@@ -14,7 +14,7 @@ namespace {
 constexpr int defaultSeconds = 10;
 constexpr int longestSeconds = 24 * 3600;
 constexpr int warmUpSeconds = 6;
-constexpr int fastest = 2; // speed index of 50 mm/s
+constexpr int fastest = 2;  // speed index of 50 mm/s
 
 int WatchedSeconds()
 {
@@ -46,5 +46,5 @@ void CpuShare(benchmark::State& run)
 
 BENCHMARK(CpuShare)->Name("LiveWindow/CpuShare")->Iterations(1)->UseRealTime()->Unit(benchmark::kSecond);
 
-} // namespace
-} // namespace ecg::bench
+}  // namespace
+}  // namespace ecg::bench

@@ -31,7 +31,7 @@ void FirstActivation(benchmark::State& run)
         if (database.Patients.RowCount() != PatientsInDatabase)
             run.SkipWithError("not all patients were listed");
     }
-    if (run.range(0) == 0) // the first in the process: later ones find memory that was taken before
+    if (run.range(0) == 0)  // the first in the process: later ones find memory that was taken before
         run.counters["memory_MB"] = grownKb / 1024;
 }
 
@@ -83,5 +83,5 @@ BENCHMARK(Search)->Name("Patients/Search")->Unit(benchmark::kMillisecond)->UseRe
 BENCHMARK(SortColumn)->Name("Patients/Sort")->ArgName("column")->DenseRange(0, 6, 1)->Unit(benchmark::kMillisecond);
 BENCHMARK(FindNumber)->Name("Patients/FindNumber")->Unit(benchmark::kMicrosecond);
 
-} // namespace
-} // namespace ecg::bench
+}  // namespace
+}  // namespace ecg::bench

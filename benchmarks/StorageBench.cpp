@@ -75,5 +75,5 @@ BENCHMARK(WriteSettingsFile)->Name("Settings/Write")->Unit(benchmark::kMicroseco
 BENCHMARK(NamesToGbk)->Name("CodePage/NamesToGbk")->ArgName("names")->Arg(nameCount)->Unit(benchmark::kMillisecond);
 BENCHMARK(NamesFromGbk)->Name("CodePage/NamesFromGbk")->ArgName("names")->Arg(nameCount)->Unit(benchmark::kMillisecond);
 
-} // namespace
-} // namespace ecg::bench
+}  // namespace
+}  // namespace ecg::bench

@@ -14,4 +14,4 @@ inline void Require(bool holds, const char* what)
     std::abort();
 }
 
-} // namespace ecg::fuzz
+}  // namespace ecg::fuzz

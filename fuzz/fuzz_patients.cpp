@@ -55,8 +55,8 @@ void UseDatabase(const TemporaryDataFolder& folder)
     Require(ListFolder(state.Folders.Program, EntryKind::Folder).size() == 1, "nothing is made beside the data folder");
 }
 
-} // namespace
-} // namespace ecg::fuzz
+}  // namespace
+}  // namespace ecg::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -20,7 +20,7 @@ std::string ReadAll(const std::filesystem::path& file)
 
 RecordHeader EditEvents(const RecordHeader& header)
 {
-    constexpr std::int32_t onView = 5000; // slot
+    constexpr std::int32_t onView = 5000;  // slot
     EventEditor editor(header);
     for (int row = 0; row <= EventSlotCount + 1; ++row) {
         const std::string time = editor.Time(row);
@@ -54,8 +54,8 @@ void UseRecord(const std::filesystem::path& file, const std::string& bytes)
             "samples are not touched");
 }
 
-} // namespace
-} // namespace ecg::fuzz
+}  // namespace
+}  // namespace ecg::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -4,7 +4,6 @@
 #include "core/formats/PatientRecord.h"
 #include "core/formats/RecordHeader.h"
 
-#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -18,6 +17,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 bool Write(const std::filesystem::path& file, const Bytes& bytes)
 {
+    std::filesystem::create_directories(file.parent_path());
     std::ofstream out(file, std::ios::binary);
     out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     return out.good();
@@ -47,36 +47,11 @@ Bytes StreamSeed(std::uint8_t key, std::uint8_t system, std::uint8_t chunk)
 Bytes BeatSeed()
 {
     constexpr int quietFrames = 150;
-    constexpr std::uint8_t startAtZero = 0x80 | ZeroLevel / 64;
-    constexpr std::uint8_t startAtStep = 0x80 | 3000 / 64;
     Bytes bytes{0, 0, 15};
     AppendFrame(bytes, 0, FrameType::LeadOff, 0, ZeroLevel);
-    bytes.insert(bytes.end(), quietFrames, startAtZero);
-    bytes.insert(bytes.end(), 3, startAtStep);
+    bytes.insert(bytes.end(), quietFrames, 0x80 | ZeroLevel / 64);
+    bytes.insert(bytes.end(), 3, 0x80 | 3000 / 64);
     return bytes;
-}
-
-bool WriteStreams(const std::filesystem::path& folder)
-{
-    std::filesystem::create_directories(folder);
-    return Write(folder / "wilson", StreamSeed(0x5A, 0, 15)) && Write(folder / "frank", StreamSeed(0xC3, 1, 0)) &&
-           Write(folder / "unscrambled", StreamSeed(0, 0, 255)) && Write(folder / "beat", BeatSeed());
-}
-
-bool WriteSettingsFiles(const std::filesystem::path& folder)
-{
-    std::filesystem::create_directories(folder);
-    SysInfo settings;
-    LoadFactorySettings(settings, FactoryGroup::All, true);
-    settings.HospitalName.Set("人民医院 General");
-    settings.DoctorNames[0].Set("王医生");
-    const auto* first = reinterpret_cast<const std::uint8_t*>(&settings);
-    const Bytes whole(first, first + sizeof settings);
-    Bytes longer = whole;
-    longer.resize(longer.size() + 100, 0xFF);
-    const Bytes half(whole.begin(), whole.begin() + sizeof settings / 2);
-    return Write(folder / "whole", whole) && Write(folder / "longer", longer) && Write(folder / "half", half) &&
-           Write(folder / "ones", Bytes(sizeof settings, 0xFF)) && Write(folder / "empty", {});
 }
 
 template <class Record>
@@ -86,10 +61,18 @@ Bytes BytesOf(const Record& record)
     return {first, first + sizeof record};
 }
 
-// A number, a quick patient, a deleted slot, and a number that would lead out of the folder; then half a record.
-bool WritePatientFiles(const std::filesystem::path& folder)
+Bytes SettingsSeed()
 {
-    std::filesystem::create_directories(folder);
+    SysInfo settings;
+    LoadFactorySettings(settings, FactoryGroup::All, true);
+    settings.HospitalName.Set("人民医院 General");
+    settings.DoctorNames[0].Set("王医生");
+    return BytesOf(settings);
+}
+
+// A number, a quick patient, a deleted slot, and a number that would lead out of the folder.
+Bytes PatientsSeed()
+{
     Bytes bytes;
     for (const char* number : {"12", "RUVO00001", "", "../up"}) {
         PatientRecord patient;
@@ -99,36 +82,36 @@ bool WritePatientFiles(const std::filesystem::path& folder)
         const Bytes record = BytesOf(patient);
         bytes.insert(bytes.end(), record.begin(), record.end());
     }
-    const Bytes cut(bytes.begin(), bytes.begin() + sizeof(PatientRecord) * 3 / 2);
-    return Write(folder / "patients", bytes) && Write(folder / "cut", cut) && Write(folder / "empty", {});
+    return bytes;
 }
 
-bool WriteRecordFiles(const std::filesystem::path& folder)
+Bytes RecordSeed()
 {
-    std::filesystem::create_directories(folder);
     RecordHeader header;
     header.ExamTime.Set("20260309080507");
     header.EventPos[0] = 1300;
     header.EventText[0].Set("胸痛");
     Bytes bytes = BytesOf(header);
     bytes.resize(bytes.size() + 100);
-    return Write(folder / "record", bytes) && Write(folder / "short", Bytes(100, 'x'));
+    return bytes;
 }
 
-} // namespace
-} // namespace ecg::fuzz
+bool WriteSeeds(const std::filesystem::path& folder)
+{
+    return Write(folder / "decoder/wilson", StreamSeed(0x5A, 0, 15)) &&
+           Write(folder / "decoder/frank", StreamSeed(0xC3, 1, 0)) && Write(folder / "decoder/beat", BeatSeed()) &&
+           Write(folder / "patients/patients", PatientsSeed()) && Write(folder / "record/record", RecordSeed()) &&
+           Write(folder / "settings/factory", SettingsSeed()) &&
+           Write(folder / "settings/ones", Bytes(sizeof(SysInfo), 0xFF));
+}
+
+}  // namespace
+}  // namespace ecg::fuzz
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fputs("usage: fuzz_seeds FOLDER\n", stderr);
-        return 2;
-    }
-    const std::filesystem::path folder = argv[1];
-    const bool written =
-        ecg::fuzz::WriteStreams(folder / "decoder") && ecg::fuzz::WriteSettingsFiles(folder / "settings") &&
-        ecg::fuzz::WritePatientFiles(folder / "patients") && ecg::fuzz::WriteRecordFiles(folder / "record");
-    if (!written)
-        std::fprintf(stderr, "could not write the seeds into %s\n", argv[1]);
-    return written ? 0 : 1;
+    if (argc == 2 && ecg::fuzz::WriteSeeds(argv[1]))
+        return 0;
+    std::fputs("usage: fuzz_seeds FOLDER, which can be written\n", stderr);
+    return 1;
 }

@@ -6,7 +6,7 @@ namespace ecg::bench {
 
 std::vector<std::uint8_t> BoxStream(std::span<const Frame> frames, std::uint8_t key)
 {
-    constexpr std::size_t statusEvery = 50; // frames
+    constexpr std::size_t statusEvery = 50;  // frames
     std::vector<std::uint8_t> stream;
     for (std::size_t i = 0; i < frames.size(); ++i) {
         const FrameType type = i % statusEvery == statusEvery - 1 ? FrameType::Status : FrameType::LeadOff;
@@ -16,4 +16,4 @@ std::vector<std::uint8_t> BoxStream(std::span<const Frame> frames, std::uint8_t 
     return stream;
 }
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

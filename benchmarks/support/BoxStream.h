@@ -12,4 +12,4 @@ namespace ecg::bench {
 // The stream of `frames`, scrambled with `key`: all electrodes on, a status frame every 50.
 std::vector<std::uint8_t> BoxStream(std::span<const Frame> frames, std::uint8_t key);
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

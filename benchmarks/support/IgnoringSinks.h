@@ -39,4 +39,4 @@ public:
     void TraceChanged(int, int) override {}
 };
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

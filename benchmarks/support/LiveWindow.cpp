@@ -8,8 +8,8 @@
 namespace ecg::bench {
 namespace {
 
-constexpr int watchMs = 500;   // well below the time of one sweep
-constexpr int lastColumns = 4; // pixels at the right edge that the sweep leaves out
+constexpr int watchMs = 500;    // well below the time of one sweep
+constexpr int lastColumns = 4;  // pixels at the right edge that the sweep leaves out
 
 SharedState MakeState(const Folders& folders, int speedIndex)
 {
@@ -21,14 +21,17 @@ SharedState MakeState(const Folders& folders, int speedIndex)
     return state;
 }
 
-} // namespace
+}  // namespace
 
 LiveWindow::LiveWindow(int speedIndex)
     : state_(MakeState(folder_.Paths(), speedIndex)),
       pictures_(ECG_PICTURES),
       window_(state_, pictures_, clock_),
       monitor_(state_, port_, clock_, messages_, window_),
-      keys_(state_, monitor_, window_, windows_, messages_)
+      desk_(state_),
+      writer_(state_),
+      examination_(state_, monitor_, window_, windows_, messages_, clock_, desk_, writer_),
+      keys_(state_, monitor_, examination_, window_, windows_, messages_)
 {
     WriteDemoFiles(folder_.Paths().Data);
     window_.Connect(monitor_, keys_);
@@ -57,4 +60,4 @@ int LiveWindow::Run(int seconds)
     return columns;
 }
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

@@ -4,19 +4,13 @@
 #include "acquisition/KeyPanel.h"
 #include "acquisition/LiveMonitor.h"
 #include "acquisition/windows/frmMain.h"
+#include "support/FakeDesk.h"
 #include "support/FakeSerialPort.h"
 #include "support/ScriptedMessageBox.h"
+#include "support/ScriptedWindows.h"
 #include "support/TemporaryDataFolder.h"
 
 namespace ecg::bench {
-
-class NoOtherWindows final : public WindowOpener {
-public:
-    bool ShowBlocking(WindowName) override { return false; }
-    bool Show(WindowName) override { return false; }
-    void Close(WindowName) override {}
-    void PumpMessages() override {}
-};
 
 class LiveWindow {
 public:
@@ -33,13 +27,16 @@ private:
     TemporaryDataFolder folder_;
     SharedState state_;
     SystemClock clock_;
-    FakeSerialPort port_; // nothing is plugged in
+    FakeSerialPort port_;  // nothing is plugged in
     ScriptedMessageBox messages_;
-    NoOtherWindows windows_;
+    ScriptedWindows windows_;
     Pictures pictures_;
     frmMain window_;
     LiveMonitor monitor_;
+    FakeDesk desk_;
+    RecordWriter writer_;
+    ExaminationControl examination_;
     KeyPanel keys_;
 };
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

@@ -15,7 +15,7 @@ PatientRecord PatientOf(int n)
                                                 "强", "磊", "洋",   "艳 A", "勇", "杰"};
     const auto i = static_cast<std::size_t>(n);
     PatientRecord patient;
-    patient.No.Set(std::to_string((static_cast<std::int64_t>(n) * 7919) % PatientsInDatabase + 1)); // all different
+    patient.No.Set(std::to_string((static_cast<std::int64_t>(n) * 7919) % PatientsInDatabase + 1));  // all different
     patient.Name.Set(std::string(surnames[i % surnames.size()]) + given[i % given.size()]);
     patient.Sex = static_cast<Byte>(n % 2);
     patient.BirthYear.Set(std::to_string(1930 + n % 90));
@@ -25,7 +25,7 @@ PatientRecord PatientOf(int n)
     return patient;
 }
 
-} // namespace
+}  // namespace
 
 PatientDatabase& PatientDatabase::Instance()
 {
@@ -63,4 +63,4 @@ void PatientDatabase::WritePatients(int deleted)
     std::ofstream(state_.Folders.Data / PatientFileName, std::ios::binary) << bytes;
 }
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

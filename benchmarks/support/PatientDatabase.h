@@ -34,4 +34,4 @@ private:
     SystemClock clock_;
 };
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

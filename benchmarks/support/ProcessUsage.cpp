@@ -22,4 +22,4 @@ double ResidentKb()
     return residentPages * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1024;
 }
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

@@ -9,4 +9,4 @@ double CpuSeconds();
 // Memory that is resident now, in KiB; 0 when the system does not tell.
 double ResidentKb();
 
-} // namespace ecg::bench
+}  // namespace ecg::bench

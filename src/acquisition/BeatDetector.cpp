@@ -6,11 +6,11 @@
 namespace ecg {
 namespace {
 
-constexpr std::int32_t smallestMaximum = 30; // counts; below it a signal is flat
+constexpr std::int32_t smallestMaximum = 30;  // counts; below it a signal is flat
 constexpr int refractoryFrames = 125;
 constexpr int silenceFrames = 1000;
 
-} // namespace
+}  // namespace
 
 RunningMaximum::RunningMaximum(std::size_t count, std::int32_t lowest)
     : leaves_(std::bit_ceil(std::max<std::size_t>(count, 2))), tree_(2 * leaves_, lowest)
@@ -77,4 +77,4 @@ BeatDetector::Result BeatDetector::DetectBeat(const Frame& frame, int heartChann
     return result;
 }
 
-} // namespace ecg
+}  // namespace ecg

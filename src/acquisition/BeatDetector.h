@@ -22,21 +22,21 @@ public:
     // `count` numbers, all of them `lowest`.
     explicit RunningMaximum(std::size_t count, std::int32_t lowest = 0);
 
-    void Set(std::size_t position, std::int32_t value); // position below `count`
+    void Set(std::size_t position, std::int32_t value);  // position below `count`
     std::int32_t Largest() const { return tree_[1]; }
 
 private:
     std::size_t leaves_;
-    std::vector<std::int32_t> tree_; // node n is above nodes 2n and 2n + 1
+    std::vector<std::int32_t> tree_;  // node n is above nodes 2n and 2n + 1
 };
 
 class BeatDetector {
 public:
     struct Result {
-        RecordSample Marked; // the frame, with `BeatMark` in channel 0 when a beat was found here
+        RecordSample Marked;  // the frame, with `BeatMark` in channel 0 when a beat was found here
         bool Beat = false;
-        bool Silent = false; // two seconds without a beat are over: the rate is not known any more
-        int RrCount = 0;     // with a beat: the count behind the beat before it, 125 to 1000
+        bool Silent = false;  // two seconds without a beat are over: the rate is not known any more
+        int RrCount = 0;      // with a beat: the count behind the beat before it, 125 to 1000
     };
 
     BeatDetector();
@@ -45,8 +45,8 @@ public:
     Result DetectBeat(const Frame& frame, int heartChannel);
 
 private:
-    static constexpr std::size_t RingSize = 1000; // frames: two seconds
-    static constexpr std::size_t RiseSpan = 10;   // frames: 20 ms
+    static constexpr std::size_t RingSize = 1000;  // frames: two seconds
+    static constexpr std::size_t RiseSpan = 10;    // frames: 20 ms
 
     void Watch(std::size_t channel);
     void UpdateRise(std::size_t position);
@@ -54,8 +54,8 @@ private:
     std::array<Frame, RingSize> ring_{};
     std::size_t index_ = 0;
     std::size_t channel_ = 0;
-    int rrCount_ = 0; // frames since the last beat
+    int rrCount_ = 0;  // frames since the last beat
     RunningMaximum rises_;
 };
 
-} // namespace ecg
+}  // namespace ecg

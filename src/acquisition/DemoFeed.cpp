@@ -9,10 +9,10 @@
 namespace ecg {
 namespace {
 
-constexpr int framesPerTick = 500; // at the most, so that a long pause does not hold up the windows
+constexpr int framesPerTick = 500;  // at the most, so that a long pause does not hold up the windows
 
 constexpr double wanderCounts = 250;
-constexpr double wanderFrames = 1500; // 3 seconds
+constexpr double wanderFrames = 1500;  // 3 seconds
 constexpr double pi = 3.1415926;
 
 Frame ZeroFrame()
@@ -37,7 +37,7 @@ void AddLimbLeads(Frame& frame)
         Assign(frame[i], RoundHalfEven(frame[i] + limbs) - ZeroLevel);
 }
 
-} // namespace
+}  // namespace
 
 const char* DemoFeed::FileName(LeadSystem system)
 {
@@ -128,4 +128,4 @@ void DemoFeed::AddWander(Frame& frame)
         Assign(channel, RoundHalfEven(static_cast<double>(channel) + static_cast<double>(w)));
 }
 
-} // namespace ecg
+}  // namespace ecg

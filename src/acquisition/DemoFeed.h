@@ -20,7 +20,7 @@ public:
     virtual ~DemoSink() = default;
 
     virtual void OnDemoFrame(const Frame& frame) = 0;
-    virtual void OnDemoBlank(bool active) = 0; // zero signal instead of the file's
+    virtual void OnDemoBlank(bool active) = 0;  // zero signal instead of the file's
 };
 
 class DemoFeed {
@@ -51,7 +51,7 @@ public:
     void FlipWander() { wander_ = !wander_; }
 
 private:
-    std::int64_t DueFrames(); // since the start, by the clock
+    std::int64_t DueFrames();  // since the start, by the clock
     void ShowBlank();
     void Deliver();
     Frame NextFrame();
@@ -62,14 +62,14 @@ private:
     LeadSystem system_ = LeadSystem::Wilson;
     std::unique_ptr<ByteFile> file_;
     bool running_ = false;
-    std::int64_t startMs_ = 0;   // clock at the start
-    std::int64_t delivered_ = 0; // frames since the start
+    std::int64_t startMs_ = 0;    // clock at the start
+    std::int64_t delivered_ = 0;  // frames since the start
     std::int64_t demoPos_ = FirstSampleSlot;
-    std::int64_t demoLast_ = 0; // last slot of the file
+    std::int64_t demoLast_ = 0;  // last slot of the file
     std::int64_t demoPhase_ = 0;
     int blankFrames_ = 0;
     bool blankShown_ = false;
     bool wander_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

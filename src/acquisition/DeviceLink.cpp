@@ -5,14 +5,14 @@
 namespace ecg {
 namespace {
 
-constexpr int identificationMs = 10;         // how long a box may take to answer
-constexpr int stopMs = 5;                    // how long a box may take to stop its stream
-constexpr std::size_t receiveThreshold = 16; // bytes: one frame
+constexpr int identificationMs = 10;          // how long a box may take to answer
+constexpr int stopMs = 5;                     // how long a box may take to stop its stream
+constexpr std::size_t receiveThreshold = 16;  // bytes: one frame
 constexpr int startWilson = 1;
 constexpr int startFrank = 2;
 constexpr int baselineStep = 10;
 
-} // namespace
+}  // namespace
 
 void DeviceLink::FindDevice()
 {
@@ -120,4 +120,4 @@ void DeviceLink::Send(wire::Command command)
     port_.Write(packet_.Finish(command));
 }
 
-} // namespace ecg
+}  // namespace ecg

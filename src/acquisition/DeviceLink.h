@@ -52,4 +52,4 @@ private:
     std::uint8_t streamKey_ = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

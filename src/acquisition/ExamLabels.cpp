@@ -36,7 +36,7 @@ std::string TickerText(const SharedState& state)
     return system + Seconds(state.SysInfo.SampleLimit);
 }
 
-} // namespace
+}  // namespace
 
 ExamLabels DescribeExamination(const SharedState& state)
 {
@@ -75,4 +75,4 @@ int NextTickerLeft(int left)
     return next <= tickerEnd ? TickerStart : next;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -22,7 +22,7 @@ constexpr int endPos = 32;
 
 constexpr int notReported = -1;
 
-} // namespace
+}  // namespace
 
 FrameDecoder::FrameDecoder(FrameSink& sink) : sink_(sink)
 {
@@ -167,4 +167,4 @@ void FrameDecoder::TakeElectrodeFlag(bool off)
     }
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -32,9 +32,9 @@ public:
     virtual ~FrameSink() = default;
 
     virtual void OnFrame(const Frame& frame) = 0;
-    virtual void OnElectrode(std::size_t electrode, bool off) = 0; // 0 to 9: four limbs, then V1 to V6
+    virtual void OnElectrode(std::size_t electrode, bool off) = 0;  // 0 to 9: four limbs, then V1 to V6
     virtual void OnFilterState(wire::Filter filter, int code) = 0;
-    virtual void OnReconnect() = 0; // an electrode that was off is on again
+    virtual void OnReconnect() = 0;  // an electrode that was off is on again
 };
 
 class FrameDecoder {
@@ -76,4 +76,4 @@ private:
     std::array<int, wire::FilterCount> reportedState_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -5,13 +5,13 @@
 namespace ecg {
 namespace {
 
-constexpr std::array<float, 3> columnStep{10.0F, 5.0F, 2.5F}; // frames a column, by speed index
-constexpr std::size_t alternatingSpeed = 2;                   // 50 mm/s
+constexpr std::array<float, 3> columnStep{10.0F, 5.0F, 2.5F};  // frames a column, by speed index
+constexpr std::size_t alternatingSpeed = 2;                    // 50 mm/s
 constexpr int shortStep = 2;
 constexpr int longStep = 3;
 constexpr int framesPerTimeLabel = 100;
 
-} // namespace
+}  // namespace
 
 void FramePath::ProcessWilsonFrame(const Frame& frame)
 {
@@ -86,4 +86,4 @@ void FramePath::Draw(LeadSystem system, const RecordSample& sample)
     sink_.OnColumn(system, sample, std::exchange(own.BeatFlag, false));
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -13,7 +13,7 @@ public:
     virtual ~SamplingSink() = default;
 
     virtual void WriteSample(std::int32_t slot, const RecordSample& sample) = 0;
-    virtual void LimitReached() = 0; // the time of the sampling is up
+    virtual void LimitReached() = 0;  // the time of the sampling is up; more frames may be on their way
 };
 
 // What the frame path hands on.
@@ -21,9 +21,9 @@ class FramePathSink {
 public:
     virtual ~FramePathSink() = default;
 
-    virtual void OnBeat(int rrCount) = 0; // 125 to 1000; 30000 / rrCount is the rate in beats a minute
-    virtual void OnSilence() = 0;         // no beat for two seconds
-    virtual void OnSampledTime(LeadSystem system, std::int32_t frames) = 0; // every 100th frame of a sampling
+    virtual void OnBeat(int rrCount) = 0;  // 125 to 1000; 30000 / rrCount is the rate in beats a minute
+    virtual void OnSilence() = 0;          // no beat for two seconds
+    virtual void OnSampledTime(LeadSystem system, std::int32_t frames) = 0;  // every 100th frame of a sampling
     virtual void OnColumn(LeadSystem system, const RecordSample& sample, bool beat) = 0;
 };
 
@@ -50,8 +50,8 @@ private:
     // Each lead system has its own history, so that switching does not mix data.
     struct SystemState {
         BeatDetector Detector;
-        int ColumnCount = 0;   // frames since the last column
-        bool BeatFlag = false; // a beat was found since the last column
+        int ColumnCount = 0;    // frames since the last column
+        bool BeatFlag = false;  // a beat was found since the last column
     };
 
     RecordSample Take(LeadSystem system, const Frame& frame);
@@ -65,9 +65,9 @@ private:
     SamplingSink* sampling_ = nullptr;
     SystemState wilson_;
     SystemState frank_;
-    int altStep_ = 2; // frames of the next Wilson column at 50 mm/s: 2 and 3 in turn
+    int altStep_ = 2;  // frames of the next Wilson column at 50 mm/s: 2 and 3 in turn
     int heartChannel_ = 0;
     bool frozen_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -1,22 +1,22 @@
 #include "acquisition/KeyPanel.h"
 
+#include "core/Labels.h"
+
 namespace ecg {
 namespace {
 
 constexpr int windowHelp = 255;
 constexpr int knowledgeHelp = 254;
-constexpr int entryForExamination = 2;
 
-constexpr Twin missing{"本版本尚未提供此功能。", "This version does not have this function yet."};
 constexpr Twin notSaved{"系统设置未能保存，硬盘上仍是原来的设置。请检查磁盘空间和数据文件夹的权限。",
                         "The settings could not be saved; those on the disk are still the old ones. "
                         "Please check the free space and the permissions of the data folder."};
 
-} // namespace
+}  // namespace
 
-KeyPanel::KeyPanel(SharedState& state, LiveMonitor& monitor, MainView& view, WindowOpener& windows,
-                   MessageBox& messages)
-    : state_(state), monitor_(monitor), view_(view), windows_(windows), messages_(messages)
+KeyPanel::KeyPanel(SharedState& state, LiveMonitor& monitor, ExaminationControl& examination, MainView& view,
+                   WindowOpener& windows, MessageBox& messages)
+    : state_(state), monitor_(monitor), examination_(examination), view_(view), windows_(windows), messages_(messages)
 {}
 
 // While a record is being written, its baseline must not jump: the key does not even move.
@@ -68,9 +68,9 @@ void KeyPanel::Act(int number)
     case key::BaseLine:
         return monitor_.ReturnBaseline();
     case key::Go:
-        return StandardExamination();
+        return examination_.PressGo();
     case key::Back:
-        return TellMissing();
+        return examination_.PressBack();
     default:
         return;
     }
@@ -79,7 +79,7 @@ void KeyPanel::Act(int number)
 void KeyPanel::Exit()
 {
     if (!WriteSettings(state_.SettingsFile(), state_.SysInfo))
-        messages_.Tell(notSaved.In(state_.Chinese()));
+        messages_.Tell(notSaved.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
     monitor_.Shutdown();
     windows_.Close(WindowName::frmPat);
     view_.CloseWindow();
@@ -129,17 +129,9 @@ void KeyPanel::OpenEvents()
     view_.ShowLamp(Lamp::Event, false);
 }
 
-void KeyPanel::StandardExamination()
-{
-    state_.CurrentPatient.No.Set("");
-    state_.PatInputMode = entryForExamination;
-    if (!windows_.ShowBlocking(WindowName::frmPatInput))
-        TellMissing();
-}
-
 void KeyPanel::TellMissing()
 {
-    messages_.Tell(missing.In(state_.Chinese()));
+    messages_.Tell(labels::NotInThisVersion.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -1,6 +1,7 @@
 // What the keys of the main window do.
 #pragma once
 
+#include "acquisition/ExaminationControl.h"
 #include "acquisition/KeyTable.h"
 #include "acquisition/LiveMonitor.h"
 #include "acquisition/MainView.h"
@@ -12,7 +13,8 @@ namespace ecg {
 
 class KeyPanel {
 public:
-    KeyPanel(SharedState& state, LiveMonitor& monitor, MainView& view, WindowOpener& windows, MessageBox& messages);
+    KeyPanel(SharedState& state, LiveMonitor& monitor, ExaminationControl& examination, MainView& view,
+             WindowOpener& windows, MessageBox& messages);
 
     // A key goes down: its pressed picture shows.
     void OnKeyDown(int number);
@@ -31,14 +33,14 @@ private:
     void OpenDataBase();
     void OpenEvents();
     void OpenHelp(WindowName window, int context);
-    void StandardExamination();
     void TellMissing();
 
     SharedState& state_;
     LiveMonitor& monitor_;
+    ExaminationControl& examination_;
     MainView& view_;
     WindowOpener& windows_;
     MessageBox& messages_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -32,7 +32,7 @@ KeyTexts BackTexts(ExamState state)
     return {};
 }
 
-} // namespace
+}  // namespace
 
 const KeyEntry* FindKey(int number)
 {
@@ -83,4 +83,4 @@ bool IsKeyEnabled(int number, ExamState state)
     }
 }
 
-} // namespace ecg
+}  // namespace ecg

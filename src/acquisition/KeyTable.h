@@ -18,9 +18,9 @@ inline constexpr int DataBase = 11;
 inline constexpr int Freeze = 12;
 inline constexpr int Event = 13;
 inline constexpr int BaseLine = 14;
-inline constexpr int Go = 16;   // standard examination, start, finish
-inline constexpr int Back = 17; // quick examination, cancel, sample again
-} // namespace key
+inline constexpr int Go = 16;    // standard examination, start, finish
+inline constexpr int Back = 17;  // quick examination, cancel, sample again
+}  // namespace key
 
 // The lamps on the keys, by their `Image1` number, which is also the `Label2` number of the key's caption.
 enum class Lamp { Setup = 0, DataBase = 1, Freeze = 3, Baseline = 4, Event = 6 };
@@ -29,10 +29,10 @@ inline constexpr int NoCaption = -1;
 
 struct KeyEntry {
     int Key;
-    int Caption; // number of its `Label2`, or `NoCaption`
+    int Caption;  // number of its `Label2`, or `NoCaption`
     int ReleasedPicture;
     int PressedPicture;
-    int Width; // pixels
+    int Width;  // pixels
     int Height;
 };
 
@@ -61,4 +61,4 @@ KeyTexts TextsOfKey(int number, ExamState state);
 // Whether a key can be pressed in a state; a disabled one shows its disabled picture.
 bool IsKeyEnabled(int number, ExamState state);
 
-} // namespace ecg
+}  // namespace ecg

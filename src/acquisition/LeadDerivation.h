@@ -30,4 +30,4 @@ inline std::array<float, 3> DeriveFrankLeads(const Frame& frame)
             static_cast<float>(frame[2]) - zero};
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -7,13 +7,13 @@
 namespace ecg {
 namespace {
 
-constexpr int tile = 5 * PixelsPerMm;         // pixels: 5 mm
-constexpr int eraseWidth = 4;    // pixels
-constexpr int captionDrop = 4;   // pixels from the trace down to its caption
-constexpr double tickLength = 5; // pixels
+constexpr int tile = 5 * PixelsPerMm;  // pixels: 5 mm
+constexpr int eraseWidth = 4;          // pixels
+constexpr int captionDrop = 4;         // pixels from the trace down to its caption
+constexpr double tickLength = 5;       // pixels
 constexpr Colour beatRed{255, 0, 0};
 
-constexpr std::array<float, 3> gainScale{11.3F, 5.65F, 2.825F}; // counts a pixel, by gain index
+constexpr std::array<float, 3> gainScale{11.3F, 5.65F, 2.825F};  // counts a pixel, by gain index
 
 // The calibration pulse at the start of every sweep, by column.
 constexpr int pulseRise = 8;
@@ -25,7 +25,7 @@ int ToInt(double value)
     return RoundToInt(value);
 }
 
-} // namespace
+}  // namespace
 
 void LiveDisplay::UseSurfaces(Surface& grid, Surface& trace)
 {
@@ -154,4 +154,4 @@ Colour LiveDisplay::PickTraceColour(ExamState state, bool resetting) const
     return ToColour(state == ExamState::Sampling ? settings_.TraceSave : settings_.TraceWatch);
 }
 
-} // namespace ecg
+}  // namespace ecg

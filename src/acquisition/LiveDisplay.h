@@ -29,8 +29,8 @@ public:
 
 class LiveDisplay {
 public:
-    static constexpr int CaptionWidth = 26;  // pixels; hidden leads stand this far apart
-    static constexpr int CaptionHeight = 11; // pixels that a hidden lead's caption stands above the lower edge
+    static constexpr int CaptionWidth = 26;   // pixels; hidden leads stand this far apart
+    static constexpr int CaptionHeight = 11;  // pixels that a hidden lead's caption stands above the lower edge
 
     LiveDisplay(const SysInfo& settings, LiveDisplayView& view) : settings_(settings), view_(view) {}
 
@@ -66,8 +66,8 @@ private:
     Surface* trace_ = nullptr;
     int sweepX_ = 0;
     int rowHeight_ = 0;
-    std::array<float, LeadCount> leadPrev_{}; // counts
+    std::array<float, LeadCount> leadPrev_{};  // counts
     std::array<float, 3> vecPrev_{};
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -7,9 +7,9 @@
 namespace ecg {
 namespace {
 
-constexpr int recoveryTicks = 40;        // of 50 ms: 2 seconds
-constexpr int blankFramesPerStep = 50;   // of a baseline return in the demonstration
-constexpr std::int64_t silenceMs = 2000; // a streaming box that is quiet for so long has lost its stream
+constexpr int recoveryTicks = 40;         // of 50 ms: 2 seconds
+constexpr int blankFramesPerStep = 50;    // of a baseline return in the demonstration
+constexpr std::int64_t silenceMs = 2000;  // a streaming box that is quiet for so long has lost its stream
 constexpr double framesPerMinute = 30000;
 
 constexpr int wilsonHeartChannel = 0;
@@ -24,7 +24,7 @@ int ChannelOfLead(std::size_t lead)
     return lead < channels.size() ? channels[lead] : -1;
 }
 
-} // namespace
+}  // namespace
 
 LiveMonitor::LiveMonitor(SharedState& state, SerialPort& port, Clock& clock, MessageBox& messages, MainView& view)
     : state_(state),
@@ -107,10 +107,20 @@ void LiveMonitor::ComeToFront()
 
 void LiveMonitor::LeaveFront()
 {
-    if (state_.KeepStreaming)
-        return;
+    if (!state_.KeepStreaming)
+        StopFeed();
+}
+
+void LiveMonitor::StopFeed()
+{
     HaltFeed();
     link_.SendDeviceCommand(wire::Command::Stream, 0);
+}
+
+void LiveMonitor::SetExamination(RunningExamination* examination)
+{
+    examination_ = examination;
+    path_.SetSamplingSink(examination);
 }
 
 void LiveMonitor::StartFeed()
@@ -137,7 +147,7 @@ void LiveMonitor::OpenDemoData()
     const bool opened = demo_.OpenDemoData(state_.Folders.Data, System());
     view_.EnableTimer(MainTimer::Demo, opened);
     if (!opened)
-        messages_.Tell(noDemoFile.In(state_.Chinese()));
+        messages_.Tell(noDemoFile.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
 }
 
 void LiveMonitor::Shutdown()
@@ -223,7 +233,8 @@ void LiveMonitor::ShowBoxLost(bool lost)
 
 void LiveMonitor::OnSecond()
 {
-    if (!HasBox())
+    // Inside the receive event the port's bytes are still in use.
+    if (!HasBox() || receiving_)
         return;
     const bool silent = streaming_ && clock_.Milliseconds() - lastBytesMs_ > silenceMs;
     if (boxLost_ || silent)
@@ -280,7 +291,11 @@ void LiveMonitor::OnRecoveryTick()
     leadRecovering_ = false;
     view_.EnableTimer(MainTimer::Recovery, false);
     ReturnBaseline();
-    display_.ResetSweep();
+    // A record never holds the settling behind a reconnect.
+    if (state_.ExamState == ExamState::Sampling && examination_ != nullptr)
+        examination_->SampleAgain();
+    else
+        display_.ResetSweep();
 }
 
 void LiveMonitor::OnBeat(int rrCount)
@@ -331,4 +346,4 @@ void LiveMonitor::OnDemoBlank(bool active)
     view_.ShowLamp(Lamp::Baseline, active);
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -16,6 +16,13 @@
 
 namespace ecg {
 
+// The examination that the frames of a sampling belong to.
+class RunningExamination : public SamplingSink {
+public:
+    // The signal has settled anew; what was taken before holds the settling and is of no use.
+    virtual void SampleAgain() = 0;
+};
+
 class LiveMonitor final : private FrameSink, private FramePathSink, private DemoSink {
 public:
     LiveMonitor(SharedState& state, SerialPort& port, Clock& clock, MessageBox& messages, MainView& view);
@@ -25,11 +32,14 @@ public:
 
     LiveDisplay& Display() { return display_; }
 
+    // Who gets the frames of a sampling; null for nobody.
+    void SetExamination(RunningExamination* examination);
+
     // Looks for the box, twice when the first scan finds none, and shows the notice when there is none.
     void FindBox();
 
     // The selectors. An index the selector does not offer is ignored.
-    void SelectLeadSystem(int index); // also starts the stream or the demonstration feed
+    void SelectLeadSystem(int index);  // also starts the stream or the demonstration feed
     void SelectGain(int index);
     void SelectSpeed(int index);
     void SelectFilter(wire::Filter filter, bool on);
@@ -39,6 +49,8 @@ public:
     // window of the system: the feed stops, unless `KeepStreaming` is set.
     void ComeToFront();
     void LeaveFront();
+
+    void StopFeed();
 
     // Stops the feed and closes its files, for good.
     void Shutdown();
@@ -92,17 +104,18 @@ private:
     MessageBox& messages_;
     MainView& view_;
     DeviceLink link_;
+    RunningExamination* examination_ = nullptr;
     FrameDecoder decoder_;
     FramePath path_;
     LiveDisplay display_;
     DemoFeed demo_;
 
-    bool streaming_ = false; // a stream was asked of the box
-    bool receiving_ = false; // inside the receive event
+    bool streaming_ = false;  // a stream was asked of the box
+    bool receiving_ = false;  // inside the receive event
     bool boxLost_ = false;
     std::int64_t lastBytesMs_ = 0;
-    int leadRecoverCount_ = 0; // ticks left of a lead recovery
+    int leadRecoverCount_ = 0;  // ticks left of a lead recovery
     bool leadRecovering_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

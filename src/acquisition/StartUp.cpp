@@ -6,7 +6,7 @@
 namespace ecg {
 namespace {
 
-constexpr int loadOnly = 255; // the database window loads its tables and does not show
+constexpr int loadOnly = 255;  // the database window loads its tables and does not show
 
 void EnterDataFolder(SharedState& state)
 {
@@ -22,7 +22,7 @@ void LoadSettings(SharedState& state, const Printer& printer)
     ReadSettings(state.SettingsFile(), state.SysInfo);
 }
 
-} // namespace
+}  // namespace
 
 bool StartUp(SharedState& state, const Printer& printer, WindowOpener& windows, LiveMonitor& monitor, MainView& view)
 {
@@ -53,4 +53,4 @@ bool StartUp(SharedState& state, const Printer& printer, WindowOpener& windows, 
     return true;
 }
 
-} // namespace ecg
+}  // namespace ecg

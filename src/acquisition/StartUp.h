@@ -13,4 +13,4 @@ namespace ecg {
 // starts the live ECG. False when no doctor was chosen: the program then ends without its main window.
 bool StartUp(SharedState& state, const Printer& printer, WindowOpener& windows, LiveMonitor& monitor, MainView& view);
 
-} // namespace ecg
+}  // namespace ecg

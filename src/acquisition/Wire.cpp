@@ -28,7 +28,7 @@ std::optional<T> Entry(std::span<const T> table, std::size_t index)
     return index < table.size() ? std::optional(table[index]) : std::nullopt;
 }
 
-} // namespace
+}  // namespace
 
 std::uint8_t Checksum(std::span<const std::uint8_t> bytes)
 {
@@ -96,4 +96,4 @@ const char* FilterStateLabel(Filter filter, int code)
     return nullptr;
 }
 
-} // namespace ecg::wire
+}  // namespace ecg::wire

@@ -15,9 +15,9 @@
 namespace ecg::wire {
 
 enum class Command : std::uint8_t {
-    Stream = 21,         // 0 stop, 1 start Wilson, 2 start Frank
-    Filters = 37,        // codes of the AC, baseline and muscle filter
-    BaselineReturn = 53, // pulls the baseline to zero; (step + 1) x 10
+    Stream = 21,          // 0 stop, 1 start Wilson, 2 start Frank
+    Filters = 37,         // codes of the AC, baseline and muscle filter
+    BaselineReturn = 53,  // pulls the baseline to zero; (step + 1) x 10
     Identify = 69,
 };
 
@@ -33,7 +33,7 @@ class CommandPacket {
 public:
     CommandPacket();
 
-    void SetParameter(std::size_t index, std::uint8_t value); // index 0 to 2: bytes 5 to 7
+    void SetParameter(std::size_t index, std::uint8_t value);  // index 0 to 2: bytes 5 to 7
 
     // The 20 bytes of `command` with the parameters as they stand.
     std::array<std::uint8_t, CommandSize> Finish(Command command);
@@ -58,4 +58,4 @@ std::optional<std::uint8_t> FilterCode(Filter filter, std::size_t index);
 // The label of a filter state that the box reports, or null for a code outside the table.
 const char* FilterStateLabel(Filter filter, int code);
 
-} // namespace ecg::wire
+}  // namespace ecg::wire

@@ -9,10 +9,10 @@
 
 namespace ecg {
 
-WindowSet::WindowSet(SharedState& state, MessageBox& messages, Printer& printer, const Pictures& pictures)
-    : state_(state), messages_(messages), printer_(printer), pictures_(pictures)
-{
-}
+WindowSet::WindowSet(SharedState& state, AboutPat& patients, MessageBox& messages, Printer& printer,
+                     const Pictures& pictures)
+    : state_(state), patients_(patients), messages_(messages), printer_(printer), pictures_(pictures)
+{}
 
 bool WindowSet::ShowBlocking(WindowName window)
 {
@@ -43,9 +43,13 @@ bool WindowSet::Run(WindowName window)
     }
 }
 
-bool WindowSet::Show(WindowName)
+bool WindowSet::Show(WindowName window)
 {
-    return false;
+    // The start-up opens the database once so that the patients are there; it has no window yet.
+    if (window != WindowName::frmPat || patients_.Activated())
+        return false;
+    patients_.Activate([this](auto, auto) { PumpMessages(); });
+    return true;
 }
 
 void WindowSet::Close(WindowName) {}

@@ -3,6 +3,7 @@
 
 #include "core/SharedState.h"
 #include "core/WindowOpener.h"
+#include "patients/AboutPat.h"
 #include "platform/MessageBox.h"
 #include "platform/Printer.h"
 #include "platform/qt/Pictures.h"
@@ -13,7 +14,7 @@ namespace ecg {
 
 class WindowSet final : public WindowOpener {
 public:
-    WindowSet(SharedState& state, MessageBox& messages, Printer& printer, const Pictures& pictures);
+    WindowSet(SharedState& state, AboutPat& patients, MessageBox& messages, Printer& printer, const Pictures& pictures);
 
     // Windows opened from now on lie on top of `parent`.
     void SetParent(QWidget* parent) { parent_ = parent; }
@@ -27,6 +28,7 @@ private:
     bool Run(WindowName window);
 
     SharedState& state_;
+    AboutPat& patients_;
     MessageBox& messages_;
     Printer& printer_;
     const Pictures& pictures_;

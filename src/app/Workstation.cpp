@@ -12,16 +12,30 @@ bool SpeaksChinese(const SharedState& state)
     return state.DoctorName.empty() ? state.SysInfo.Language != englishNames : state.Chinese();
 }
 
-} // namespace
+// The data folder has its place from the first moment on.
+SharedState StateIn(const std::filesystem::path& programFolder)
+{
+    SharedState state;
+    state.Folders = OpenDataFolder(programFolder);
+    return state;
+}
 
+}  // namespace
 
 Workstation::Workstation(const std::filesystem::path& programFolder, const QString& pdfFile)
-    : pictures_(programFolder / "pictures"), port_(programFolder), printer_(pictures_, pdfFile),
-      messages_([this] { return SpeaksChinese(state_); }), windows_(state_, messages_, printer_, pictures_),
-      main_(state_, pictures_, clock_), monitor_(state_, port_, clock_, messages_, main_),
-      keys_(state_, monitor_, main_, windows_, messages_)
+    : state_(StateIn(programFolder)),
+      patients_(state_, files_, clock_),
+      writer_(state_),
+      pictures_(programFolder / "pictures"),
+      port_(programFolder),
+      printer_(pictures_, pdfFile),
+      messages_([this] { return SpeaksChinese(state_); }),
+      windows_(state_, patients_, messages_, printer_, pictures_),
+      main_(state_, pictures_, clock_),
+      monitor_(state_, port_, clock_, messages_, main_),
+      examination_(state_, monitor_, main_, windows_, messages_, clock_, patients_, writer_),
+      keys_(state_, monitor_, examination_, main_, windows_, messages_)
 {
-    state_.Folders.Program = programFolder;
     main_.Connect(monitor_, keys_);
 }
 

@@ -1,10 +1,12 @@
 // The whole workstation, put together: what the platform gives, the shared state, the logic, the windows.
 #pragma once
 
+#include "acquisition/ExaminationControl.h"
 #include "acquisition/KeyPanel.h"
 #include "acquisition/LiveMonitor.h"
 #include "acquisition/windows/frmMain.h"
 #include "app/WindowSet.h"
+#include "patients/AboutPat.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtSerialPort.h"
@@ -29,6 +31,9 @@ public:
 private:
     SharedState state_;
     SystemClock clock_;
+    DiskFileSystem files_;
+    AboutPat patients_;
+    RecordWriter writer_;
     Pictures pictures_;
     QtSerialPort port_;
     QtPrinter printer_;
@@ -36,6 +41,7 @@ private:
     WindowSet windows_;
     frmMain main_;
     LiveMonitor monitor_;
+    ExaminationControl examination_;
     KeyPanel keys_;
 };
 

@@ -9,9 +9,9 @@
 namespace ecg {
 namespace {
 
-constexpr std::int64_t firstSlot = 400; // 0.2 s into the samples
+constexpr std::int64_t firstSlot = 400;  // 0.2 s into the samples
 constexpr std::size_t slotsPerColumn = 3;
-constexpr int topCounts = 3896; // at the upper edge of the picture
+constexpr int topCounts = 3896;  // at the upper edge of the picture
 constexpr double countsPerPixel = 20;
 
 int HeightOf(const RecordSample& sample)
@@ -26,7 +26,7 @@ Colour WaveColour(const SysInfo& settings, DisplayColour adjusted)
     return ToColour(ColourOf(settings, isTrace ? adjusted : DisplayColour::Watch));
 }
 
-} // namespace
+}  // namespace
 
 std::vector<int> ReadPreviewWave(const std::filesystem::path& file, std::size_t columns)
 {
@@ -54,4 +54,4 @@ void DrawColourPreview(Surface& surface, const SysInfo& settings, DisplayColour 
         surface.Polyline(points, WaveColour(settings, adjusted));
 }
 
-} // namespace ecg
+}  // namespace ecg

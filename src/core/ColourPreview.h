@@ -37,4 +37,4 @@ std::vector<int> ReadPreviewWave(const std::filesystem::path& file, std::size_t 
 // adjusted, and as a watched trace while the paper or the grid is.
 void DrawColourPreview(Surface& surface, const SysInfo& settings, DisplayColour adjusted, const std::vector<int>& wave);
 
-} // namespace ecg
+}  // namespace ecg

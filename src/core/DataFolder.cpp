@@ -22,4 +22,4 @@ Folders OpenDataFolder(const std::filesystem::path& program)
     return {program, program / "Data"};
 }
 
-} // namespace ecg
+}  // namespace ecg

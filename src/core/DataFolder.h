@@ -8,7 +8,7 @@ namespace ecg {
 
 struct Folders {
     std::filesystem::path Program;
-    std::filesystem::path Data; // the working directory of the whole run
+    std::filesystem::path Data;  // the working directory of the whole run
 
     // The file of a stored path: relative to the data folder, UTF-8, its pieces joined by backslashes.
     std::filesystem::path File(std::string_view storedPath) const;
@@ -18,4 +18,4 @@ struct Folders {
 // it could not be made; every later file operation then fails and is passed over.
 Folders OpenDataFolder(const std::filesystem::path& program);
 
-} // namespace ecg
+}  // namespace ecg

@@ -11,7 +11,7 @@ std::string WithoutBlanksAround(const std::string& text)
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-} // namespace
+}  // namespace
 
 DoctorNames StoredDoctorNames(const SysInfo& settings)
 {
@@ -39,4 +39,4 @@ DoctorChoice SelectDoctor(SharedState& state, const DoctorNames& names, std::siz
     return {!state.DoctorName.empty(), WriteSettings(state.SettingsFile(), state.SysInfo)};
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -40,7 +40,7 @@ bool IsDate(std::string_view start, int day)
         .ok();
 }
 
-} // namespace
+}  // namespace
 
 std::string LaidOutTime(std::string_view start)
 {
@@ -69,4 +69,4 @@ std::string EventClock(std::string_view start, std::int32_t position)
            std::to_string(minutes % 60) + ":" + std::to_string(seconds % 60);
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -16,4 +16,4 @@ std::string LaidOutTime(std::string_view start);
 // A position below 1, or a start that is not laid out, gives "".
 std::string EventClock(std::string_view start, std::int32_t position);
 
-} // namespace ecg
+}  // namespace ecg

@@ -7,6 +7,11 @@
 
 namespace ecg::labels {
 
+// The name of the program, on its windows and messages.
+inline constexpr Twin Program{"心电工作站", "ECG Workstation"};
+
+inline constexpr Twin NotInThisVersion{"本版本尚未提供此功能。", "This version does not have this function yet."};
+
 inline constexpr std::array<Twin, 7> Weekdays{{{"星期日", "Sunday"},
                                                {"星期一", "Monday"},
                                                {"星期二", "Tuesday"},
@@ -42,4 +47,4 @@ inline constexpr std::array<Twin, ExaminationCount> Examinations{{{"常规心电
 // The hues of a printed colour grid, in the order of `SysInfo::GridHue`.
 inline constexpr std::array<Twin, 3> Hues{{{"红色", "Red"}, {"绿色", "Green"}, {"蓝色", "Blue"}}};
 
-} // namespace ecg::labels
+}  // namespace ecg::labels

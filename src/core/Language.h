@@ -5,7 +5,7 @@
 
 namespace ecg {
 
-inline constexpr Byte ChineseLanguage = 1; // any other value of `SysInfo::Language` is English
+inline constexpr Byte ChineseLanguage = 1;  // any other value of `SysInfo::Language` is English
 
 inline bool IsChinese(const SysInfo& settings)
 {
@@ -21,4 +21,4 @@ struct Twin {
     const char* In(const SysInfo& settings) const { return In(IsChinese(settings)); }
 };
 
-} // namespace ecg
+}  // namespace ecg

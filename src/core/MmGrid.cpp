@@ -24,7 +24,7 @@ void DrawLines(Surface& surface, const Rect& area, double step, Colour colour)
         surface.Line({area.X, area.Y + i * step}, {right, area.Y + i * step}, colour);
 }
 
-} // namespace
+}  // namespace
 
 void DrawMmGrid(Surface& surface, const Rect& area, double mm, const GridColours& colours)
 {
@@ -34,4 +34,4 @@ void DrawMmGrid(Surface& surface, const Rect& area, double mm, const GridColours
     DrawLines(surface, area, mmOfStrongLine * mm, colours.Strong5mm);
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -5,7 +5,7 @@
 
 namespace ecg {
 
-inline constexpr int PixelsPerMm = 4; // of the screen, at the design resolution
+inline constexpr int PixelsPerMm = 4;  // of the screen, at the design resolution
 
 struct GridColours {
     Colour Strong5mm;
@@ -16,4 +16,4 @@ struct GridColours {
 // `surface`. The area is not filled first. Without a size or a scale above 0 nothing is drawn.
 void DrawMmGrid(Surface& surface, const Rect& area, double mm, const GridColours& colours);
 
-} // namespace ecg
+}  // namespace ecg

@@ -48,4 +48,4 @@ std::string FormatDecimal(double value, int decimals)
     return value < 0 && units != 0 ? "-" + text : text;
 }
 
-} // namespace ecg
+}  // namespace ecg

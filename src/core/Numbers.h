@@ -34,4 +34,4 @@ std::string FormatZeros(std::int64_t value, int width);
 // else, an exponent, or more than 64 characters is no number.
 std::optional<double> ParseDecimal(std::string_view text);
 
-} // namespace ecg
+}  // namespace ecg

@@ -13,7 +13,7 @@ bool IsSeparatorOrControl(char c)
     return c == '/' || c == '\\' || static_cast<unsigned char>(c) < firstPrintable;
 }
 
-} // namespace
+}  // namespace
 
 std::string PatientFolderName(std::string_view number)
 {
@@ -46,4 +46,4 @@ std::string UpperCase(std::string_view text)
     return upper;
 }
 
-} // namespace ecg
+}  // namespace ecg

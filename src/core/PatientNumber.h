@@ -20,4 +20,4 @@ bool SamePatientNumber(std::string_view number, std::string_view other);
 // `text` with the letters a to z as capitals.
 std::string UpperCase(std::string_view text);
 
-} // namespace ecg
+}  // namespace ecg

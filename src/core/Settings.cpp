@@ -85,7 +85,7 @@ Colour Grey(Byte level)
     return {level, level, level};
 }
 
-} // namespace
+}  // namespace
 
 void LoadFactorySettings(SysInfo& settings, FactoryGroup group, bool printerHasColour)
 {
@@ -153,4 +153,4 @@ std::size_t LiveSpeedIndex(const SysInfo& settings)
     return InRange(settings.SpeedIndex, 3, 1);
 }
 
-} // namespace ecg
+}  // namespace ecg

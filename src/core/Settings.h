@@ -12,9 +12,9 @@ namespace ecg {
 inline constexpr const char* SettingsFileName = "Sysinfo.par";
 
 enum class FactoryGroup {
-    Sampling = 0, // from `LeadSystem` to `SystemControlTime`
-    Report = 1,   // the print fields
-    Colours = 2,  // the six colours
+    Sampling = 0,  // from `LeadSystem` to `SystemControlTime`
+    Report = 1,    // the print fields
+    Colours = 2,   // the six colours
     All = 3
 };
 
@@ -45,7 +45,7 @@ Colour HueGrid1mm(int hue, int depth);
 
 inline constexpr int MonoDepthCount = 8;
 inline constexpr int ColourDepthCount = 4;
-inline constexpr int HueCount = 3; // red, green, blue
+inline constexpr int HueCount = 3;  // red, green, blue
 
 // How many settings each filter offers: AC, baseline, muscle.
 inline constexpr std::array<int, 3> FilterChoiceCounts{2, 4, 6};
@@ -67,4 +67,4 @@ inline Colour ToColour(const Rgb& rgb)
     return {rgb.R, rgb.G, rgb.B};
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -57,7 +57,7 @@ std::string SecondsText(std::int32_t frames)
     return FormatDecimal(static_cast<double>(frames) / FramesPerSecond, whole ? 0 : decimalsOfAFrame);
 }
 
-} // namespace
+}  // namespace
 
 std::optional<SecondsFault> CheckSeconds(std::string_view typed)
 {
@@ -114,4 +114,4 @@ SysInfo SettingsDraft::Accepted() const
     return settings;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -14,7 +14,7 @@
 namespace ecg {
 
 inline constexpr int LeastSampleSeconds = 10;
-inline constexpr int MostSampleSeconds = 4294967; // what a 32-bit count of frames holds: 49 days
+inline constexpr int MostSampleSeconds = 4294967;  // what a 32-bit count of frames holds: 49 days
 
 enum class SecondsFault { NotANumber, TooShort, TooLong };
 
@@ -40,7 +40,7 @@ public:
 
     struct Refusal {
         SecondsFault Fault;
-        std::size_t Box; // index of the examination
+        std::size_t Box;  // index of the examination
     };
 
     // The first sampling time that cannot be taken, if any.
@@ -53,4 +53,4 @@ private:
     void ShowSeconds();
 };
 
-} // namespace ecg
+}  // namespace ecg

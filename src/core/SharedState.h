@@ -23,21 +23,21 @@ struct SharedState {
     ecg::Folders Folders;
 
     ecg::SysInfo SysInfo;
-    std::string DoctorName; // selected at start-up; empty: the program ends
+    std::string DoctorName;  // selected at start-up; empty: the program ends
 
-    Byte DevicePort = 0;        // port of the box, 1 to 16; 0 = no box
-    bool KeepStreaming = false; // leaving the main window keeps the stream
+    Byte DevicePort = 0;         // port of the box, 1 to 16; 0 = no box
+    bool KeepStreaming = false;  // leaving the main window keeps the stream
     ecg::ExamState ExamState = ExamState::Waiting;
-    std::int32_t WilsonSamples = 0; // frames of this examination
+    std::int32_t WilsonSamples = 0;  // frames of this examination
     std::int32_t FrankSamples = 0;
-    std::int32_t SampledFrames = 0; // frames written in this sampling
-    std::int32_t RecordNo = 0;      // next slot of the sample file
+    std::int32_t SampledFrames = 0;  // frames written in this sampling
+    std::int32_t RecordNo = 0;       // next slot of the sample file
 
     PatientRecord CurrentPatient;
-    PatientRecord ReferencePatient; // of a record chosen for comparison
+    PatientRecord ReferencePatient;  // of a record chosen for comparison
     RecordHeader CurrentHeader;
-    std::string RecordPath;  // record in review, from the data folder on, with backslashes
-    Byte RecordOpenMode = 0; // 1 the record came from acquisition, 0 from the database window
+    std::string RecordPath;   // record in review, from the data folder on, with backslashes
+    Byte RecordOpenMode = 0;  // 1 the record came from acquisition, 0 from the database window
 
     // How the window opened next is to behave.
     int HelpContext = 0;
@@ -50,10 +50,10 @@ struct SharedState {
     // Arguments and results of `frmMsg`, UTF-8.
     std::string MsgTitle;
     std::array<std::string, 5> MsgLines;
-    std::string MsgButtons; // "Yes", "YesNo" or "YesNoCancel"
+    std::string MsgButtons;  // "Yes", "YesNo" or "YesNoCancel"
     bool MsgShowText = false;
     std::string MsgDefaultText;
-    Byte MsgResult = 0; // index of the button pressed
+    Byte MsgResult = 0;  // index of the button pressed
     std::string MsgInputText;
 
     Colour PrintGrid5mm;
@@ -70,4 +70,4 @@ struct SharedState {
     }
 };
 
-} // namespace ecg
+}  // namespace ecg

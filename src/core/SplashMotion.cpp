@@ -4,7 +4,7 @@ namespace ecg {
 
 bool SplashMotion::MoveHeart()
 {
-    constexpr int heartStep = 4; // pixels a tick
+    constexpr int heartStep = 4;  // pixels a tick
     if (heart_ <= HeartEnd)
         heart_ += heartStep;
     return heart_ > HeartEnd;
@@ -17,4 +17,4 @@ bool SplashMotion::MoveTrace()
     return trace_ > TraceEnd;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -9,9 +9,9 @@ class SplashMotion {
 public:
     static constexpr int HeartTickMilliseconds = 16;
     static constexpr int TraceTickMilliseconds = 4;
-    static constexpr int HeartStart = -96; // left edge of the heart, in pixels: just outside the window
-    static constexpr int HeartEnd = 28;    // the heart stands still once its position has passed this
-    static constexpr int TraceEnd = 570;   // length of the whole trace in pixels
+    static constexpr int HeartStart = -96;  // left edge of the heart, in pixels: just outside the window
+    static constexpr int HeartEnd = 28;     // the heart stands still once its position has passed this
+    static constexpr int TraceEnd = 570;    // length of the whole trace in pixels
 
     int Heart() const { return heart_; }
     int Trace() const { return trace_; }
@@ -27,4 +27,4 @@ private:
     int trace_ = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,12 +12,12 @@
 namespace ecg {
 namespace {
 
-constexpr double titleHeight = 6;    // mm, of a line of text
-constexpr double captionHeight = 4;  // mm, of a line of text
-constexpr double headHeight = 10;    // mm, title and the space below it
-constexpr double fieldSpace = 5;     // mm, between fields
-constexpr double gridStep = 5;       // mm; a field ends on a strong line
-constexpr double gridPenWidth = 0.1; // mm
+constexpr double titleHeight = 6;     // mm, of a line of text
+constexpr double captionHeight = 4;   // mm, of a line of text
+constexpr double headHeight = 10;     // mm, title and the space below it
+constexpr double fieldSpace = 5;      // mm, between fields
+constexpr double gridStep = 5;        // mm; a field ends on a strong line
+constexpr double gridPenWidth = 0.1;  // mm
 constexpr Colour ink{0, 0, 0};
 
 constexpr Twin title{"打印测试页(", "Print Test Page("};
@@ -81,7 +81,7 @@ void DrawTitle(Surface& page, std::string_view text)
     page.Text({0, 0}, text, style);
 }
 
-} // namespace
+}  // namespace
 
 void DrawTestPage(Surface& page, const SysInfo& settings, std::string_view printerName)
 {
@@ -114,4 +114,4 @@ PrintOutcome PrintTestPage(Printer& printer, const SysInfo& settings)
     return printer.EndDocument() ? PrintOutcome::Printed : PrintOutcome::Failed;
 }
 
-} // namespace ecg
+}  // namespace ecg

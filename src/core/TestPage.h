@@ -18,4 +18,4 @@ void DrawTestPage(Surface& page, const SysInfo& settings, std::string_view print
 // Prints it with the quality and direction of `settings`.
 PrintOutcome PrintTestPage(Printer& printer, const SysInfo& settings);
 
-} // namespace ecg
+}  // namespace ecg

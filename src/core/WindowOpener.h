@@ -3,7 +3,18 @@
 
 namespace ecg {
 
-enum class WindowName { frmSelectName, frmSplash, frmMsg, frmSysSet, frmPat, frmNote, frmZSK, frmResult, frmPatInput };
+enum class WindowName {
+    frmSelectName,
+    frmSplash,
+    frmMsg,
+    frmSysSet,
+    frmPat,
+    frmNote,
+    frmZSK,
+    frmResult,
+    frmPatInput,
+    frmAskSamp
+};
 
 class WindowOpener {
 public:
@@ -22,4 +33,4 @@ public:
     virtual void PumpMessages() = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -24,7 +24,7 @@ std::string FreeQuickNumber(const FolderIndex& folders)
     return {};
 }
 
-} // namespace
+}  // namespace
 
 AboutPat::AboutPat(SharedState& state, FileSystem& files, Clock& clock)
     : File(files, state.Folders.Data), Folders(files, state.Folders.Data), state_(state), files_(files), clock_(clock)
@@ -34,7 +34,7 @@ void AboutPat::Activate(const RowProgress& progress)
 {
     if (activated_)
         return;
-    activated_ = true; // first, for events that `progress` lets in may ask again
+    activated_ = true;  // first, for events that `progress` lets in may ask again
     FinishRenumbering(files_, File, Folders, state_.Folders.Data);
     const auto live = File.Compact();
     const FolderIndex folders(state_.Folders.Data);
@@ -146,4 +146,4 @@ void AboutPat::KeepSelectionInside()
     selected_ = std::min(selected_, Patients.RowCount() - 1);
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -4,6 +4,7 @@
 //   Patient.lib ─► Patients (PatientTab) ─ selected row ─► CurrentPatient ─► its folder ─► Records (RecTab)
 #pragma once
 
+#include "core/PatientDesk.h"
 #include "core/SharedState.h"
 #include "patients/PatientFile.h"
 #include "patients/PatientFolders.h"
@@ -18,9 +19,9 @@ namespace ecg {
 // Called once for every 100 rows of long work, with the rows done and all rows.
 using RowProgress = std::function<void(std::int32_t done, std::int32_t all)>;
 
-inline constexpr std::int32_t ProgressStep = 100; // rows
+inline constexpr std::int32_t ProgressStep = 100;  // rows
 
-class AboutPat {
+class AboutPat final : public PatientDesk {
 public:
     AboutPat(SharedState& state, FileSystem& files, Clock& clock);
 
@@ -43,7 +44,9 @@ public:
 
     // Makes a patient with the first number "RUVO00000" to "RUVO99999" that has no folder, the folder with it, and
     // selects it. False when none is free or the disk refuses; `CurrentPatient` is then the one it was.
-    bool AddQuickPatient();
+    bool AddQuickPatient() override;
+
+    void RefreshRecords() override { LoadSelectedPatient(); }
 
     // Writes `CurrentPatient` as a new patient, lists and selects it. False when the disk refuses.
     bool AddPatient();
@@ -79,4 +82,4 @@ private:
     bool activated_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -13,7 +13,7 @@ std::size_t SlotOf(int row)
     return static_cast<std::size_t>(row - 1);
 }
 
-} // namespace
+}  // namespace
 
 EventEditor::EventEditor(const RecordHeader& header) : header_(header)
 {
@@ -72,4 +72,4 @@ RecordHeader EventEditor::Stored(std::int32_t blockStart) const
     return stored;
 }
 
-} // namespace ecg
+}  // namespace ecg

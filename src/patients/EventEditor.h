@@ -24,7 +24,7 @@ public:
     std::string Time(int row) const;
     std::string Text(int row) const;
 
-    bool Dirty() const { return dirty_; } // a text was changed
+    bool Dirty() const { return dirty_; }  // a text was changed
 
     // The first row that neither has a time nor a text; nothing when all are taken.
     std::optional<int> FreeRow() const;
@@ -45,4 +45,4 @@ private:
     bool dirty_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

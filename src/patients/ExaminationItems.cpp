@@ -22,7 +22,7 @@ bool TypeSeconds(std::string_view text, std::int32_t& samples)
     return true;
 }
 
-} // namespace
+}  // namespace
 
 ExaminationItems::ExaminationItems(const SysInfo& settings) : settings_(settings)
 {
@@ -58,4 +58,4 @@ bool ExaminationItems::TypeFrankSeconds(std::string_view text)
     return TypeSeconds(text, frankSamples_);
 }
 
-} // namespace ecg
+}  // namespace ecg

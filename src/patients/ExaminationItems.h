@@ -10,7 +10,7 @@
 
 namespace ecg {
 
-inline constexpr std::size_t WilsonItemCount = 5; // the first of the nine items; the others are Frank
+inline constexpr std::size_t WilsonItemCount = 5;  // the first of the nine items; the others are Frank
 
 class ExaminationItems {
 public:
@@ -40,4 +40,4 @@ private:
     std::int32_t frankSamples_ = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -17,7 +17,7 @@ bool Before(const SortKey& left, const SortKey& right)
     return left.Kind == SortKey::Kind::Number ? left.Number < right.Number : left.Text < right.Text;
 }
 
-} // namespace
+}  // namespace
 
 SortKey MakeSortKey(std::string_view cell)
 {
@@ -38,4 +38,4 @@ std::vector<std::size_t> SortedOrder(const std::vector<SortKey>& keys, bool desc
     return order;
 }
 
-} // namespace ecg
+}  // namespace ecg

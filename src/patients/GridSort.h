@@ -34,4 +34,4 @@ std::vector<Row> Reordered(std::vector<Row>&& rows, const std::vector<std::size_
     return sorted;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -8,12 +8,12 @@
 
 namespace ecg {
 
-inline constexpr int OldestListedAge = 100; // years; an older patient is listed with an empty age
+inline constexpr int OldestListedAge = 100;  // years; an older patient is listed with an empty age
 
 // Years from `BirthYear` to `year`, below 0 for a year to come; nothing when the field is no number.
 inline std::optional<int> AgeOf(const PatientRecord& patient, int year)
 {
-    const auto birthYear = ParseDecimal(patient.BirthYear.Text()); // four characters: small enough for an int
+    const auto birthYear = ParseDecimal(patient.BirthYear.Text());  // four characters: small enough for an int
     if (!birthYear)
         return std::nullopt;
     return year - RoundToInt(*birthYear);
@@ -26,4 +26,4 @@ inline std::optional<int> ListedAge(const PatientRecord& patient, int year)
     return age && *age >= 0 && *age <= OldestListedAge ? age : std::nullopt;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -11,7 +11,7 @@ namespace {
 
 constexpr Twin years{" 岁", " Years"};
 
-} // namespace
+}  // namespace
 
 PatientDetails DetailsOf(const PatientRecord& patient, int year, bool chinese)
 {
@@ -38,4 +38,4 @@ PatientDetails DetailsOf(const PatientRecord& patient, int year, bool chinese)
     return details;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -18,4 +18,4 @@ struct PatientDetails {
 // `year` is the current one.
 PatientDetails DetailsOf(const PatientRecord& patient, int year, bool chinese);
 
-} // namespace ecg
+}  // namespace ecg

@@ -29,7 +29,7 @@ std::size_t CustomIndex(std::size_t item)
     return static_cast<std::size_t>(PatientField::CustomItem1) + item;
 }
 
-} // namespace
+}  // namespace
 
 PatientDraft DraftOf(const PatientRecord& patient, int year)
 {
@@ -98,4 +98,4 @@ std::string StorableNumber(std::string_view typed)
     return number.Text();
 }
 
-} // namespace ecg
+}  // namespace ecg

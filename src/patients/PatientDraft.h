@@ -28,10 +28,10 @@ enum class PatientField {
     Bed = 15,
 };
 
-inline constexpr std::size_t PatientFieldCount = 15; // without the bed
+inline constexpr std::size_t PatientFieldCount = 15;  // without the bed
 
 struct PatientDraft {
-    std::array<std::string, PatientFieldCount> Texts; // UTF-8
+    std::array<std::string, PatientFieldCount> Texts;  // UTF-8
     bool Male = true;
     std::array<bool, 10> Flags{};
 
@@ -60,4 +60,4 @@ bool InRange(PatientField field, std::string_view text);
 // that cannot be stored. Numbers are compared in this form.
 std::string StorableNumber(std::string_view typed);
 
-} // namespace ecg
+}  // namespace ecg

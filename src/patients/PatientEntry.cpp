@@ -19,7 +19,7 @@ void CutLastCharacter(std::string& text)
         text.pop_back();
 }
 
-} // namespace
+}  // namespace
 
 PatientEntry::PatientEntry(AboutPat& database, EntryMode mode)
     : Items(database.State().SysInfo), database_(database), mode_(mode)
@@ -203,4 +203,4 @@ PatientEntry::Answer PatientEntry::EndOfSetUp()
     return Answer::Done;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -11,7 +11,7 @@
 
 namespace ecg {
 
-enum class EntryMode { Add = 0, Modify = 1, Examine = 2 }; // as `SharedState::PatInputMode`
+enum class EntryMode { Add = 0, Modify = 1, Examine = 2 };  // as `SharedState::PatInputMode`
 
 enum class NumberStatus { Empty, Free, Used };
 
@@ -22,13 +22,13 @@ public:
 
     const PatientDraft& Draft() const { return draft_; }
     NumberStatus Status() const { return status_; }
-    std::string UsedBy() const; // name of the patient who has the typed number
+    std::string UsedBy() const;  // name of the patient who has the typed number
 
     // Name, sex, age, height, weight, identity and insurance number can be typed: not while the number is that of
     // another patient.
     bool FieldsEnabled() const { return fieldsEnabled_; }
 
-    bool Dirty() const { return dirty_; } // leaving needs a question
+    bool Dirty() const { return dirty_; }  // leaving needs a question
 
     // A field has this text now. False when it takes only numbers and the text is none: it is then cut, character by
     // character, to one. Without a number all other fields are emptied; in an examination the number of a patient fills
@@ -40,7 +40,7 @@ public:
 
     void SetMale(bool male);
     void SetFlag(std::size_t flag, bool set);
-    void ProposeNumber(); // the largest number of all patients, and one more
+    void ProposeNumber();  // the largest number of all patients, and one more
 
     // Of the examination only.
     ExaminationItems Items;
@@ -51,11 +51,11 @@ public:
         Done,
         NumberMissing,
         NumberUsed,
-        AgeOutOfRange, // these three: the field is now empty
+        AgeOutOfRange,  // these three: the field is now empty
         HeightOutOfRange,
         WeightOutOfRange,
-        AskStore, // whether to examine the known patient of this number
-        AskMove,  // whether to move all records from `OldNumber` to `NewNumber` and delete the old patient
+        AskStore,  // whether to examine the known patient of this number
+        AskMove,   // whether to move all records from `OldNumber` to `NewNumber` and delete the old patient
         DiskRefused,
     };
 
@@ -81,11 +81,11 @@ private:
     AboutPat& database_;
     EntryMode mode_;
     PatientDraft draft_;
-    PatientRecord before_; // of the patient being modified
+    PatientRecord before_;  // of the patient being modified
     NumberStatus status_ = NumberStatus::Empty;
-    int matchedRow_ = NoRow; // patient who has the typed number
+    int matchedRow_ = NoRow;  // patient who has the typed number
     bool fieldsEnabled_ = true;
     bool dirty_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

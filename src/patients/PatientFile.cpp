@@ -9,7 +9,7 @@ namespace ecg {
 namespace {
 
 constexpr auto recordBytes = static_cast<std::int64_t>(sizeof(PatientRecord));
-constexpr std::int32_t mostSlots = 8'000'000; // 1.9 GB; what lies behind is no patient file's
+constexpr std::int32_t mostSlots = 8'000'000;  // 1.9 GB; what lies behind is no patient file's
 
 std::int32_t SlotCount(ByteFile& file)
 {
@@ -19,7 +19,7 @@ std::int32_t SlotCount(ByteFile& file)
 
 struct Slots {
     std::vector<PatientRecord> Records;
-    bool Complete = false; // the whole file was read
+    bool Complete = false;  // the whole file was read
 };
 
 // Reads in one operation. A cut record at the end keeps blanks where the file stops.
@@ -59,7 +59,7 @@ bool WriteSlot(ByteFile& file, std::int32_t position, const PatientRecord& recor
     return FixedRecordFile<PatientRecord>(file).Write(position, record) && file.Flush();
 }
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ByteFile> PatientFile::OpenForReading() const
 {
@@ -166,4 +166,4 @@ bool PatientFile::Rewrite(std::span<const PatientRecord> records)
     return false;
 }
 
-} // namespace ecg
+}  // namespace ecg

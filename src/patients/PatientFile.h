@@ -22,7 +22,7 @@ inline constexpr const char* PatientFileName = "Patient.lib";
 inline constexpr const char* PatientTempFileName = "PatTemp.lib";
 
 struct StoredPatient {
-    std::int32_t Position = 0; // 1-based
+    std::int32_t Position = 0;  // 1-based
     PatientRecord Record;
 };
 
@@ -65,4 +65,4 @@ private:
     std::filesystem::path data_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -62,4 +62,4 @@ std::int32_t FolderIndex::CountFiles(std::string_view number) const
     return name == nullptr ? 0 : ecg::CountFiles(data_ / *name);
 }
 
-} // namespace ecg
+}  // namespace ecg

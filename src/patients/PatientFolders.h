@@ -46,7 +46,7 @@ private:
     const std::string* Find(std::string_view number) const;
 
     std::filesystem::path data_;
-    std::unordered_map<std::string, std::string> names_; // by upper case
+    std::unordered_map<std::string, std::string> names_;  // by upper case
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -46,7 +46,7 @@ bool MoveFolder(FileSystem& files, const std::filesystem::path& from, const std:
     if (!IsFolder(to))
         return files.Rename(from, to);
     const bool moved = MoveFiles(files, from, to);
-    files.Remove(from); // fails when something else than records is left in it, which then stays
+    files.Remove(from);  // fails when something else than records is left in it, which then stays
     return moved;
 }
 
@@ -59,7 +59,7 @@ bool Apply(const NewNumber& move, FileSystem& files, PatientFile& patients, Pati
         return false;
     if (patients.Write(move.Position, move.Record))
         return true;
-    MoveFolder(files, to, from); // the slot still has the old number, and its folder goes with it
+    MoveFolder(files, to, from);  // the slot still has the old number, and its folder goes with it
     return false;
 }
 
@@ -70,7 +70,7 @@ bool Note(FileSystem& files, const std::filesystem::path& file, const NewNumber&
     return note && FixedRecordFile<NewNumber>(*note).Write(1, move) && note->Flush();
 }
 
-} // namespace
+}  // namespace
 
 bool RenumberPatient(AboutPat& database, const PatientRecord& record)
 {
@@ -128,4 +128,4 @@ bool MovePatientRecords(AboutPat& database, int toRow)
     return true;
 }
 
-} // namespace ecg
+}  // namespace ecg

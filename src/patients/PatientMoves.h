@@ -30,4 +30,4 @@ void FinishRenumbering(FileSystem& files, PatientFile& patients, PatientFolders&
 // gets the next free second. False when the disk refuses; then both patients are still there.
 bool MovePatientRecords(AboutPat& database, int toRow);
 
-} // namespace ecg
+}  // namespace ecg

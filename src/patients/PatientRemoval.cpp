@@ -26,7 +26,7 @@ void SelectNearest(AboutPat& database, int row)
         database.State().CurrentPatient = {};
 }
 
-} // namespace
+}  // namespace
 
 std::vector<int> RowsBetween(const PatientTable& patients, int from, int to)
 {
@@ -42,7 +42,7 @@ Removal RemovePatients(AboutPat& database, const std::vector<int>& rows, const R
 {
     Removal removal;
     std::vector<int> handled;
-    std::vector<std::int32_t> positions; // whose folders are gone and whose slots are not yet
+    std::vector<std::int32_t> positions;  // whose folders are gone and whose slots are not yet
     const auto deleteSlots = [&] {
         if (!database.File.Delete(positions))
             removal.Outcome = Removal::End::DiskRefused;
@@ -89,4 +89,4 @@ int RemoveRecords(AboutPat& database, int from, int to)
     return removed;
 }
 
-} // namespace ecg
+}  // namespace ecg

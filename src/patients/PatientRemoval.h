@@ -15,13 +15,13 @@ std::vector<int> RowsBetween(const PatientTable& patients, int from, int to);
 struct Removal {
     enum class End {
         Done,
-        SubFolder,   // the folder of `Number` has a folder in it; its files are gone, the patient stays
-        DiskRefused, // something of `Number` could not be removed; the patient stays
+        SubFolder,    // the folder of `Number` has a folder in it; its files are gone, the patient stays
+        DiskRefused,  // something of `Number` could not be removed; the patient stays
     };
 
     End Outcome = End::Done;
     int Removed = 0;
-    std::string Number; // as listed, of the patient that stopped it
+    std::string Number;  // as listed, of the patient that stopped it
 };
 
 // Deletes the patients of `rows`, ascending: first the records of each, then its folder, then its slot, so that no
@@ -33,4 +33,4 @@ Removal RemovePatients(AboutPat& database, const std::vector<int>& rows, const R
 // that cannot be removed keeps its row. The patient's count follows.
 int RemoveRecords(AboutPat& database, int from, int to);
 
-} // namespace ecg
+}  // namespace ecg

@@ -78,7 +78,7 @@ bool TakePattern(const SearchForm& form, std::size_t box, FixedText<Width>& patt
     return true;
 }
 
-} // namespace
+}  // namespace
 
 SearchForm FormOf(const SearchConditions& conditions)
 {
@@ -127,7 +127,7 @@ bool Matches(const PatientRecord& patient, const SearchConditions& conditions, i
 
 void FilterPatients(PatientTable& patients, const PatientFile& file, const SearchConditions& conditions, int year)
 {
-    const auto live = file.ReadLive(); // ascending positions
+    const auto live = file.ReadLive();  // ascending positions
     for (int row = 0; row < patients.RowCount(); ++row) {
         const std::int32_t position = patients.Row(row).Position;
         const auto slot =
@@ -139,4 +139,4 @@ void FilterPatients(PatientTable& patients, const PatientFile& file, const Searc
     }
 }
 
-} // namespace ecg
+}  // namespace ecg

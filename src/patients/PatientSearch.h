@@ -12,30 +12,30 @@ namespace ecg {
 
 struct ByteRange {
     Byte Lowest = 0;
-    Byte Highest = 0; // inclusive; below `Lowest` nothing matches
+    Byte Highest = 0;  // inclusive; below `Lowest` nothing matches
 };
 
 struct SearchConditions {
     bool UseNo = false;
-    FixedText<9> No; // a pattern: "*" at its end stands for anything
+    FixedText<9> No;  // a pattern: "*" at its end stands for anything
     bool UseName = false;
-    FixedText<16> Name; // a pattern likewise
+    FixedText<16> Name;  // a pattern likewise
     bool UseSex = false;
     Byte Sex = 0;
     bool UseAge = false;
-    ByteRange Age; // years
+    ByteRange Age;  // years
     bool UseHeight = false;
-    ByteRange Height; // cm
+    ByteRange Height;  // cm
     bool UseWeight = false;
-    ByteRange Weight; // kg
+    ByteRange Weight;  // kg
     std::array<bool, 10> UseFlag{};
     std::array<bool, 10> FlagWanted{};
 };
 
 // What the search window holds, in the order of its check boxes and texts.
 struct SearchForm {
-    std::array<bool, 16> Checked{};   // number, name, sex, age, height, weight, then the ten flags
-    std::array<std::string, 8> Texts; // number, name, then lowest and highest age, height and weight
+    std::array<bool, 16> Checked{};    // number, name, sex, age, height, weight, then the ten flags
+    std::array<std::string, 8> Texts;  // number, name, then lowest and highest age, height and weight
     bool Male = true;
     std::array<bool, 10> FlagYes{};
 };
@@ -56,4 +56,4 @@ bool Matches(const PatientRecord& patient, const SearchConditions& conditions, i
 // Shows the rows that match and hides the others, by what the file holds. A row whose slot cannot be read stays as it is.
 void FilterPatients(PatientTable& patients, const PatientFile& file, const SearchConditions& conditions, int year);
 
-} // namespace ecg
+}  // namespace ecg

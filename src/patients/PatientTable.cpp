@@ -35,7 +35,7 @@ std::string CellText(const PatientRow& row, int column, bool chinese)
     }
 }
 
-} // namespace
+}  // namespace
 
 std::optional<PatientRow> MakePatientRow(const PatientRecord& patient, std::int32_t position, std::int32_t records,
                                          int year)
@@ -138,4 +138,4 @@ void PatientTable::Sort(int column, bool chinese)
     descendingNext_ = !descendingNext_;
 }
 
-} // namespace ecg
+}  // namespace ecg

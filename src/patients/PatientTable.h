@@ -15,19 +15,19 @@
 namespace ecg {
 
 inline constexpr int PatientColumnCount = 8;
-inline constexpr int PatientHeaderCount = 7; // the last column has no header
+inline constexpr int PatientHeaderCount = 7;  // the last column has no header
 inline constexpr int NoRow = -1;
 
 struct PatientRow {
-    std::string Number; // as `PatientFolderName` gives it
+    std::string Number;  // as `PatientFolderName` gives it
     std::string Name;
     bool Male = true;
-    std::optional<std::int16_t> Age; // 0 to 100 years
-    Byte Height = 0;                 // cm
-    Byte Weight = 0;                 // kg
-    std::int32_t Records = 0;        // files in the patient's folder
-    std::int32_t Position = 0;       // 1-based slot
-    bool Shown = true;               // false: hidden by the last search
+    std::optional<std::int16_t> Age;  // 0 to 100 years
+    Byte Height = 0;                  // cm
+    Byte Weight = 0;                  // kg
+    std::int32_t Records = 0;         // files in the patient's folder
+    std::int32_t Position = 0;        // 1-based slot
+    bool Shown = true;                // false: hidden by the last search
 };
 
 // The row of `patient`; nothing when the number is blank. `year` is the current one.
@@ -52,7 +52,7 @@ public:
     // The others pass over rows that do not exist.
     void Replace(int row, PatientRow with);
     void Remove(int row);
-    void RemoveRows(const std::vector<int>& rows); // in any order, quick for many
+    void RemoveRows(const std::vector<int>& rows);  // in any order, quick for many
     void SetRecords(int row, std::int32_t records);
     void Show(int row, bool shown);
 
@@ -71,4 +71,4 @@ private:
     bool descendingNext_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -13,7 +13,7 @@ std::optional<RecordHeader> ReadRecordHeader(FileSystem& files, const std::files
 bool WriteRecordHeader(FileSystem& files, const std::filesystem::path& record, const RecordHeader& header)
 {
     if (!IsFile(record))
-        return false; // opening would make it
+        return false;  // opening would make it
     const auto file = files.Open(record, OpenMode::ReadWrite);
     return file && FixedRecordFile<RecordHeader>(*file).Count() >= 1 &&
            FixedRecordFile<RecordHeader>(*file).Write(1, header) && file->Flush();
@@ -30,4 +30,4 @@ bool ChangeClassAndBed(FileSystem& files, const std::filesystem::path& record, s
     return WriteRecordHeader(files, record, *header);
 }
 
-} // namespace ecg
+}  // namespace ecg

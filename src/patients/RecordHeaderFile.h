@@ -20,4 +20,4 @@ bool WriteRecordHeader(FileSystem& files, const std::filesystem::path& record, c
 bool ChangeClassAndBed(FileSystem& files, const std::filesystem::path& record, std::string_view department,
                        std::string_view bed);
 
-} // namespace ecg
+}  // namespace ecg

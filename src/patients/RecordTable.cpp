@@ -34,7 +34,7 @@ std::string NameTime(std::string_view ascii)
            piece(12, 2);
 }
 
-} // namespace
+}  // namespace
 
 int EventCount(const RecordHeader& header)
 {
@@ -117,4 +117,4 @@ void RecordTable::Sort(int header)
     descendingNext_ = !descendingNext_;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -17,7 +17,7 @@
 namespace ecg {
 
 inline constexpr int RecordColumnCount = 10;
-inline constexpr int RecordHeaderCount = 8; // columns 8 and 9 have no header
+inline constexpr int RecordHeaderCount = 8;  // columns 8 and 9 have no header
 
 // Leading used entries of the event table, 0 to 46.
 int EventCount(const RecordHeader& header);
@@ -46,7 +46,7 @@ public:
     // "" when there is no such row.
     std::string StoredPath(int row, std::string_view folderName) const;
 
-    int FindFile(std::string_view fileName) const; // NoRow when it is not listed
+    int FindFile(std::string_view fileName) const;  // NoRow when it is not listed
 
     // Sorts by a header (0 to 7): ascending at first, then the other way at each call. The header's time sorts by that
     // of the name, the period by its seconds.
@@ -59,4 +59,4 @@ private:
     bool descendingNext_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -60,7 +60,7 @@ private:
     int handle_;
 };
 
-} // namespace
+}  // namespace
 
 void FlushFolder(const std::filesystem::path& folder)
 {
@@ -101,4 +101,4 @@ bool ReplaceFile(const std::filesystem::path& path, std::span<const std::byte> b
     return true;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <span>
 
@@ -27,12 +28,15 @@ public:
 };
 
 enum class OpenMode {
-    Read,      // the file must exist
-    ReadWrite, // the file is made when it does not exist
+    Read,       // the file must exist
+    ReadWrite,  // the file is made when it does not exist
 };
 
 // Opens a file of the disk; null when that fails.
 std::unique_ptr<ByteFile> OpenFile(const std::filesystem::path& path, OpenMode mode);
+
+// `OpenFile`, or what a test puts in its place.
+using FileOpener = std::function<std::unique_ptr<ByteFile>(const std::filesystem::path&, OpenMode)>;
 
 // Puts `bytes` in the place of the whole file: written aside, flushed, then renamed over the old one, so that a
 // crash leaves the one or the other. False when the old file stands unchanged.
@@ -41,4 +45,4 @@ bool ReplaceFile(const std::filesystem::path& path, std::span<const std::byte> b
 // Brings the names in `folder` to the disk: a rename lives in the folder, not in the file.
 void FlushFolder(const std::filesystem::path& folder);
 
-} // namespace ecg
+}  // namespace ecg

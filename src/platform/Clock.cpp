@@ -26,4 +26,4 @@ CalendarTime SystemClock::Now()
             local.tm_hour,        local.tm_min,     local.tm_sec};
 }
 
-} // namespace ecg
+}  // namespace ecg

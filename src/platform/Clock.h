@@ -8,9 +8,9 @@ namespace ecg {
 // Local calendar time.
 struct CalendarTime {
     int Year = 0;
-    int Month = 0;   // 1 to 12
-    int Day = 0;     // 1 to 31
-    int Weekday = 0; // 0 Sunday to 6 Saturday
+    int Month = 0;    // 1 to 12
+    int Day = 0;      // 1 to 31
+    int Weekday = 0;  // 0 Sunday to 6 Saturday
     int Hour = 0;
     int Minute = 0;
     int Second = 0;
@@ -37,4 +37,4 @@ public:
     CalendarTime Now() override;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -37,7 +37,7 @@ void VisitFolder(const std::filesystem::path& path, EntryKind kind, Visitor visi
     }
 }
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ByteFile> DiskFileSystem::Open(const std::filesystem::path& path, OpenMode mode)
 {
@@ -96,4 +96,4 @@ bool IsFile(const std::filesystem::path& path)
     return std::filesystem::is_regular_file(path, error);
 }
 
-} // namespace ecg
+}  // namespace ecg

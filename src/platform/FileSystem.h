@@ -49,4 +49,4 @@ std::int32_t CountFiles(const std::filesystem::path& folder);
 bool IsFolder(const std::filesystem::path& path);
 bool IsFile(const std::filesystem::path& path);
 
-} // namespace ecg
+}  // namespace ecg

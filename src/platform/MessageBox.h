@@ -14,7 +14,7 @@ public:
     // Shows UTF-8 text and blocks. True for OK or Yes; false for Cancel, No, or a closed box.
     virtual bool Show(std::string_view text, std::string_view title, MessageButtons buttons) = 0;
 
-    void Tell(std::string_view text, std::string_view title = {}) { Show(text, title, MessageButtons::Ok); }
+    void Tell(std::string_view text, std::string_view title) { Show(text, title, MessageButtons::Ok); }
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -11,7 +11,7 @@ class Printer {
 public:
     virtual ~Printer() = default;
 
-    virtual std::string Name() const = 0; // UTF-8; empty when there is no printer
+    virtual std::string Name() const = 0;  // UTF-8; empty when there is no printer
     virtual bool PrintsColour() const = 0;
 
     // Starts a document. Returns the surface of its first page, in millimetres of the printable page, or null when
@@ -24,4 +24,4 @@ public:
     virtual bool EndDocument() = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -9,7 +9,7 @@ std::filesystem::path SerialDevice(const std::filesystem::path& programFolder, i
     if (port < FirstPort || port > LastPort)
         return {};
     std::error_code error;
-    const auto linked = std::filesystem::absolute(programFolder / "ports" / ("com" + std::to_string(port)), error);
+    auto linked = std::filesystem::absolute(programFolder / "ports" / ("com" + std::to_string(port)), error);
     if (std::filesystem::exists(linked, error))
         return linked;
     if (port <= 8)
@@ -19,4 +19,4 @@ std::filesystem::path SerialDevice(const std::filesystem::path& programFolder, i
     return "/dev/ttyS" + std::to_string(port - 13);
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,4 +12,4 @@ inline constexpr int LastPort = 16;
 // to 7 for ports 1 to 8, /dev/ttyACM0 to 3 for 9 to 12, /dev/ttyS0 to 3 for 13 to 16. Other numbers: an empty path.
 std::filesystem::path SerialDevice(const std::filesystem::path& programFolder, int port);
 
-} // namespace ecg
+}  // namespace ecg

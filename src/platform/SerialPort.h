@@ -40,4 +40,4 @@ public:
     virtual void SetHandlers(std::function<void()> received, std::function<void()> lost) = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

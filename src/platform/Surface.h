@@ -35,7 +35,7 @@ struct Rect {
 };
 
 struct TextStyle {
-    double Height = 0; // of a line of text, in the surface's unit
+    double Height = 0;  // of a line of text, in the surface's unit
     Colour Ink;
     bool Bold = false;
 };
@@ -69,4 +69,4 @@ public:
     virtual void Picture(std::string_view name, const Rect& area) = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

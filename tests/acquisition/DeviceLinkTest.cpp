@@ -1,41 +1,31 @@
 // The scan for the box and every packet that goes out to it, bit for bit.
 #include "acquisition/DeviceLink.h"
 
-#include "support/FakeBox.h"
-
-#include <gtest/gtest.h>
-
-#include <gmock/gmock.h>
+#include "acquisition/MonitorFixture.h"
 
 namespace ecg {
 namespace {
 
-using testing::ElementsAre;
+using namespace testing;
 
-class DeviceLinkTest : public testing::Test {
+class DeviceLinkTest : public AcquisitionFixture {
 protected:
-    DeviceLinkTest() { LoadFactorySettings(State.SysInfo, FactoryGroup::All, false); }
-
-    // Answers an identification on port 5: the byte strings, each after a wait of so many milliseconds.
-    void AnswerWith(std::vector<std::pair<int, Bytes>> pieces)
+    // Answers an identification on port 5: the byte strings, each so many milliseconds later.
+    void AnswerWith(const std::map<int, Bytes>& pieces)
     {
-        Port.Existing[5] = true;
+        Port.Existing = {5};
         Port.OnWrite = [this](int, const Bytes& packet) {
             asked_ = packet.at(4) == 'E' ? Clock.Milliseconds() : asked_;
         };
-        Port.OnWait = [this, pieces](int milliseconds) mutable {
+        Port.OnWait = [this, pieces](int milliseconds) {
+            const auto before = Clock.Milliseconds() - asked_;
             Clock.Advance(milliseconds);
-            while (!pieces.empty() && Clock.Milliseconds() - asked_ >= pieces.front().first) {
-                Port.Send(pieces.front().second);
-                pieces.erase(pieces.begin());
-            }
+            for (const auto& [at, bytes] : pieces)
+                if (before < at && at <= before + milliseconds)
+                    Port.Send(bytes);
         };
     }
 
-    SharedState State;
-    FakeSerialPort Port;
-    FakeClock Clock;
-    FakeBox Box{Port, Clock};
     DeviceLink Link{State, Port, Clock};
 
 private:
@@ -44,52 +34,45 @@ private:
 
 TEST_F(DeviceLinkTest, ScansAllPortsInOrderAndOnlyAsks)
 {
-    Port.Existing = {{3, true}, {9, true}, {16, true}};
+    Port.Existing = {3, 9, 16};
     Link.FindDevice();
-    std::vector<int> all(16);
-    std::iota(all.begin(), all.end(), 1);
-    EXPECT_EQ(Port.Opened, all);
+    EXPECT_THAT(Port.Opened, ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16));
     EXPECT_EQ(State.DevicePort, 0);
     EXPECT_FALSE(Port.IsOpen());
     Port.Open(3);
-    Link.SendFilters(); // to whom?
+    Link.SendFilters();  // to whom?
     Link.StartStream(LeadSystem::Wilson);
     Link.StopStream();
     Link.ReturnBaseline();
-    EXPECT_THAT(Port.Written, ElementsAre(CommandBytes(69, {}), CommandBytes(69, {}), CommandBytes(69, {})));
+    EXPECT_EQ(Port.Written, std::vector(3, CommandBytes(69, {})));
 }
 
 TEST_F(DeviceLinkTest, TakesOnlyAWholeAnswerInTime)
 {
     const Bytes reply = Identification(0x5A);
-    const Bytes head(reply.begin(), reply.begin() + 6);
-    const Bytes tail(reply.begin() + 6, reply.end());
-    const Bytes stale(15, 0x81);
+    const auto part = [&reply](std::ptrdiff_t from, std::ptrdiff_t to) {
+        return Bytes(reply.begin() + from, reply.begin() + to);
+    };
     Bytes wrong = reply;
     ++wrong.back();
-    struct Case {
-        const char* Name;
-        std::vector<std::pair<int, Bytes>> Pieces;
-        int Port;
-        int LastTried;
-    };
-    const std::vector<Case> cases{{"in two pieces", {{2, head}, {7, tail}}, 5, 5},
-                                  {"at the last moment", {{9, reply}}, 5, 5},
-                                  {"behind bytes of a stream", {{1, stale}, {3, reply}}, 5, 5},
-                                  {"14 bytes", {{1, Bytes(reply.begin(), reply.end() - 1)}}, 0, 16},
-                                  {"too late", {{12, reply}}, 0, 16},
-                                  {"wrong checksum ends the scan", {{1, wrong}}, 0, 5}};
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.Name);
-        AnswerWith(one.Pieces);
+    // What comes when, the port that is taken, and the last port that is tried.
+    const std::map<std::string, std::tuple<std::map<int, Bytes>, int, int>> cases{
+        {"in two pieces", {{{2, part(0, 6)}, {7, part(6, 15)}}, 5, 5}},
+        {"at the last moment", {{{9, reply}}, 5, 5}},
+        {"behind bytes of a stream", {{{1, Bytes(15, 0x81)}, {3, reply}}, 5, 5}},
+        {"14 bytes", {{{1, part(0, 14)}}, 0, 16}},
+        {"too late", {{{12, reply}}, 0, 16}},
+        {"wrong checksum ends the scan", {{{1, wrong}}, 0, 5}}};
+    for (const auto& [name, one] : cases) {
+        SCOPED_TRACE(name);
+        const auto& [pieces, port, lastTried] = one;
+        AnswerWith(pieces);
         Link.FindDevice();
-        EXPECT_EQ(State.DevicePort, one.Port);
-        EXPECT_EQ(Port.Opened.back(), one.LastTried);
-        if (one.Port != 0) {
-            EXPECT_EQ(Port.OpenPort(), one.Port);
-            EXPECT_EQ(Port.Threshold, 16U);
-            EXPECT_EQ(Link.StreamKey(), 0x5A);
-        }
+        EXPECT_EQ(State.DevicePort, port);
+        EXPECT_EQ(Port.Opened.back(), lastTried);
+        if (port == 0)
+            continue;
+        EXPECT_THAT(std::tuple(Port.OpenPort(), Port.Threshold, Link.StreamKey()), FieldsAre(port, 16U, 0x5A));
     }
 }
 
@@ -98,7 +81,7 @@ TEST_F(DeviceLinkTest, SendsEachPacketWithTheParametersThatStandBehind)
     Box.Plug(1);
     Link.FindDevice();
     Port.Written.clear();
-    Link.SendFilters(); // AC 50 Hz, baseline setting 2, muscle setting 2
+    Link.SendFilters();  // AC 50 Hz, baseline setting 2, muscle setting 2
     Link.StartStream(LeadSystem::Wilson);
     Link.StartStream(LeadSystem::Frank);
     Link.ReturnBaseline();
@@ -123,26 +106,11 @@ TEST_F(DeviceLinkTest, TranslatesTheFilterSettings)
             State.SysInfo.FilterIndex[filter] = static_cast<Byte>(index);
             Link.SendFilters();
             std::array<std::uint8_t, 3> expected{};
-            expected[filter] = codes[filter][std::min(index, codes[filter].size() - 1)]; // outside, the last stays
+            expected[filter] = codes[filter][std::min(index, codes[filter].size() - 1)];  // outside, the last stays
             EXPECT_EQ(Port.Written.back(), CommandBytes(37, expected)) << filter << " " << index;
         }
     }
 }
 
-TEST(Wire, NamesTheFilterStatesThatTheBoxReports)
-{
-    const std::map<wire::Filter, std::string> expected{{wire::Filter::Ac, "- 关 50Hz 60Hz - - - - - "},
-                                                       {wire::Filter::Baseline, "- 3.3s 1.6s 0.8s 0.5s 0.3s - - - "},
-                                                       {wire::Filter::Muscle, "- 关 26Hz 36Hz 45Hz 54Hz 60Hz 77Hz - "}};
-    for (const auto& [filter, labels] : expected) {
-        std::string said;
-        for (int code = -1; code <= 7; ++code) {
-            const char* label = wire::FilterStateLabel(filter, code);
-            said += std::string(label == nullptr ? "-" : label) + " ";
-        }
-        EXPECT_EQ(said, labels);
-    }
-}
-
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -4,6 +4,7 @@
 #include "acquisition/KeyPanel.h"
 #include "acquisition/LiveMonitor.h"
 #include "support/FakeBox.h"
+#include "support/FakeDesk.h"
 #include "support/RecordingSurface.h"
 #include "support/RecordingView.h"
 #include "support/ScriptedMessageBox.h"
@@ -11,19 +12,39 @@
 #include "support/TemporaryDataFolder.h"
 #include "support/WriteDemoFile.h"
 
-#include <gtest/gtest.h>
-
 #include <gmock/gmock.h>
 
 namespace ecg {
 
-class MonitorFixture : public testing::Test {
+// What stands around it, the main window apart.
+class AcquisitionFixture : public testing::Test {
 protected:
-    MonitorFixture()
+    AcquisitionFixture()
     {
         State.Folders = Folder.Paths();
         LoadFactorySettings(State.SysInfo, FactoryGroup::All, false);
         State.SysInfo.Language = ChineseLanguage;
+    }
+
+    void WriteDemoFiles(const std::vector<Frame>& frames)
+    {
+        for (const char* file : {"EcgTest.dat", "VcgTest.dat"})
+            WriteDemoFile(Folder.File(file), frames);
+    }
+
+    TemporaryDataFolder Folder;
+    SharedState State;
+    FakeClock Clock;
+    FakeSerialPort Port;
+    FakeBox Box{Port, Clock};
+    ScriptedMessageBox Messages;
+    ScriptedWindows Windows;
+};
+
+class MonitorFixture : public AcquisitionFixture {
+protected:
+    MonitorFixture()
+    {
         Monitor.Display().UseSurfaces(Grid, Trace);
         Monitor.Display().LayoutLeadRows();
     }
@@ -38,8 +59,7 @@ protected:
 
     void StartDemo()
     {
-        for (const char* file : {"EcgTest.dat", "VcgTest.dat"})
-            WriteDemoFile(Folder.File(file), std::vector<Frame>(900, LevelFrame(2048)));
+        WriteDemoFiles(std::vector<Frame>(900, LevelFrame(2048)));
         Monitor.FindBox();
         Monitor.SelectLeadSystem(0);
     }
@@ -63,19 +83,14 @@ protected:
     }
 
     const Bytes StopCommand = CommandBytes(21, {0, 0, 0});
-
-    TemporaryDataFolder Folder;
-    SharedState State;
-    FakeClock Clock;
-    FakeSerialPort Port;
-    FakeBox Box{Port, Clock};
-    ScriptedMessageBox Messages;
-    ScriptedWindows Windows;
     RecordingView View;
     RecordingSurface Grid{400, 650};
     RecordingSurface Trace{400, 650};
     LiveMonitor Monitor{State, Port, Clock, Messages, View};
-    KeyPanel Keys{State, Monitor, View, Windows, Messages};
+    FakeDesk Desk{State};
+    RecordWriter Writer{State};
+    ExaminationControl Examination{State, Monitor, View, Windows, Messages, Clock, Desk, Writer};
+    KeyPanel Keys{State, Monitor, Examination, View, Windows, Messages};
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -7,7 +7,7 @@
 namespace ecg {
 namespace {
 
-using testing::ElementsAre;
+using namespace testing;
 
 class StartUpTest : public MonitorFixture {
 protected:
@@ -26,7 +26,7 @@ protected:
 
     std::string Doctor = "王医生";
     RecordingPrinter Printer;
-    int seenLanguage_ = -1; // by the name window
+    int seenLanguage_ = -1;  // by the name window
 
 private:
     std::filesystem::path start_;
@@ -42,10 +42,11 @@ TEST_F(StartUpTest, OnAnEmptyFolderMakesDataAndComesUpWithFactorySettings)
     EXPECT_EQ(State.SysInfo.Language, ChineseLanguage);
     EXPECT_EQ(State.PrintGrid5mm, (Colour{100, 100, 100}));
     EXPECT_THAT(Windows.Opened, ElementsAre(WindowName::frmSelectName, WindowName::frmPat, WindowName::frmSplash));
-    EXPECT_THAT(View.Calls, ElementsAre("texts", "selectors", "examination"));
+    EXPECT_THAT(View.Calls, ElementsAre("texts", "selectors", "examination", "busy", "ready"));
     EXPECT_EQ(Port.Opened.size(), 32U) << "a scan that finds nothing is done twice";
     EXPECT_EQ(View.NoDevice, true);
-    EXPECT_TRUE(View.IsRunning(MainTimer::Mailbox));
+    EXPECT_THAT(Messages.Shown, ElementsAre(Field(&ScriptedMessageBox::Message::Text, "没有找到演示的数据文件")));
+    EXPECT_TRUE(View.IsRunning(MainTimer::Mailbox) && !View.IsRunning(MainTimer::Demo));
     Printer.Colour = true;
     EXPECT_TRUE(Start());
     EXPECT_EQ(State.SysInfo.PrintMono, 0) << "a colour printer";
@@ -86,57 +87,44 @@ TEST_F(StartUpTest, ASettingsFileThatIsDamagedNeverStopsIt)
     for (const std::size_t size : {0U, 1U, 3917U, 3930U, 4205U, 9000U}) {
         ReplaceFile(Folder.File(SettingsFileName), std::vector<std::byte>(size, std::byte{0xFF}));
         EXPECT_TRUE(Start()) << size;
-        State.ExamState = ExamState::Waiting;
         RunDemo(100);
     }
 }
 
 TEST(ExamLabels, SayEachStateInBothLanguages)
 {
-    // State, whether the time ends it, and the labels: title, number, name, Wilson time, Frank time, ticker.
-    const std::vector<std::tuple<ExamState, bool, std::string, std::string>> cases{
-        {ExamState::Waiting, true, "等待检查|---------|------|WLS:----|FLS:----|",
-         "Wait For|---------|------|WLS:----|FLS:----|"},
-        {ExamState::Ready, true, "等待采样|000000042|无患者姓名|WLS:15s|FLS:180.5s|",
-         "Wait ...|000000042|No Patient Name|WLS:15s|FLS:180.5s|"},
-        {ExamState::Sampling, true, "正在采样|000000042|无患者姓名|WLS:15s|FLS:180.5s|<< F20s",
-         "Sample ...|000000042|No Patient Name|WLS:15s|FLS:180.5s|<< F20s"},
-        {ExamState::Sampling, false, "正在采样|000000042|无患者姓名|WLS:手控|FLS:手控|<< 手控",
-         "Sample ...|000000042|No Patient Name|WLS:Control By Man|FLS:Control By Man|<< Control By Man"}};
     SharedState state;
     state.SysInfo.LeadSystem = 1;
     state.SysInfo.SampleLimit = 10000;
     state.WilsonSamples = 7500;
     state.FrankSamples = 90250;
     state.CurrentPatient.No.Set("42");
-    for (const auto& [exam, timed, chinese, english] : cases)
-        for (const Byte language : {ChineseLanguage, Byte{0}}) {
-            state.ExamState = exam;
-            state.SysInfo.SystemControlTime = timed ? 1 : 0;
-            state.SysInfo.Language = language;
-            const ExamLabels said = DescribeExamination(state);
-            EXPECT_EQ(said.Title + "|" + said.Number + "|" + said.Name + "|" + said.WilsonTime + "|" + said.FrankTime +
-                          "|" + said.Ticker,
-                      language == ChineseLanguage ? chinese : english);
-        }
+    // Title, number, name, Wilson time, Frank time, ticker, and the captions of keys 16 and 17.
+    const auto say = [&state](ExamState exam, Byte timed, Byte language) {
+        state.ExamState = exam;
+        state.SysInfo.SystemControlTime = timed;
+        state.SysInfo.Language = language;
+        const auto [title, number, name, wilson, frank, ticker] = DescribeExamination(state);
+        const auto caption = [&](int key) {
+            return std::string("|") + TextsOfKey(key, exam).Caption.In(state.Chinese());
+        };
+        return title + "|" + number + "|" + name + "|" + wilson + "|" + frank + "|" + ticker + caption(16) +
+               caption(17);
+    };
+    using enum ExamState;
+    EXPECT_EQ(say(Waiting, 1, 1), "等待检查|---------|------|WLS:----|FLS:----||标准检查|快速检查");
+    EXPECT_EQ(say(Waiting, 1, 0), "Wait For|---------|------|WLS:----|FLS:----||NormStep|FastStep");
+    EXPECT_EQ(say(Ready, 1, 1), "等待采样|000000042|无患者姓名|WLS:15s|FLS:180.5s||开始采样|取消检查");
+    EXPECT_EQ(say(Ready, 1, 0), "Wait ...|000000042|No Patient Name|WLS:15s|FLS:180.5s||Sample|LastStep");
+    EXPECT_EQ(say(Sampling, 1, 1), "正在采样|000000042|无患者姓名|WLS:15s|FLS:180.5s|<< F20s|完成采样|重新采样");
+    EXPECT_EQ(say(Sampling, 0, 1), "正在采样|000000042|无患者姓名|WLS:手控|FLS:手控|<< 手控|完成采样|重新采样");
+    EXPECT_EQ(say(Sampling, 0, 0), "Sample ...|000000042|No Patient Name|WLS:Control By Man|FLS:Control By Man|"
+                                   "<< Control By Man|StopSamp|LastStep");
     EXPECT_EQ(SampledTimeText(LeadSystem::Wilson, 1100), "WLS:2.2s");
     EXPECT_EQ(SampledTimeText(LeadSystem::Frank, 25), "FLS:0.1s") << "0.05 rounds up";
     EXPECT_EQ(NextTickerLeft(930), 925);
     EXPECT_EQ(NextTickerLeft(929), 1024) << "924 is the end";
 }
 
-TEST(KeyTexts, SayWhatTheKeyDoesInEachState)
-{
-    const std::array<const char*, 3> expected{"标准检查 NormStep 快速检查 FastStep",
-                                              "开始采样 Sample 取消检查 LastStep",
-                                              "完成采样 StopSamp 重新采样 LastStep"};
-    for (std::size_t state = 0; state < expected.size(); ++state) {
-        const Twin go = TextsOfKey(key::Go, static_cast<ExamState>(state)).Caption;
-        const Twin back = TextsOfKey(key::Back, static_cast<ExamState>(state)).Caption;
-        EXPECT_EQ(std::string(go.Chinese) + " " + go.English + " " + back.Chinese + " " + back.English,
-                  expected[state]);
-    }
-}
-
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

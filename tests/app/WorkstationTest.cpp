@@ -1,5 +1,6 @@
 // The whole workstation on a real pseudo-terminal: from the doctor's name to the heart rate on the screen.
 #include "app/Workstation.h"
+
 #include "box/BoxSimulator.h"
 #include "demo/DemoFiles.h"
 #include "support/TemporaryDataFolder.h"
@@ -123,8 +124,7 @@ TEST_F(WorkstationTest, RunsTheDemonstrationWithoutABoxAndKeepsTheDoctorsName)
 
 TEST_F(WorkstationTest, OpensTheSettingsOverTheTraceAndGoesOnBehindThem)
 {
-    const BoxSimulator box(
-        {.Link = Folder.Paths().Program / "ports" / "com1", .Source = Folder.File("EcgTest.dat")});
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com1", .Source = Folder.File("EcgTest.dat")});
     Workstation workstation(Folder.Paths().Program);
     ASSERT_TRUE(Start(workstation));
     bool opened = false;
@@ -141,5 +141,5 @@ TEST_F(WorkstationTest, OpensTheSettingsOverTheTraceAndGoesOnBehindThem)
     EXPECT_NE(Find<QWidget>(workstation.MainWindow(), "Picture4").grab().toImage(), before) << "the trace runs again";
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

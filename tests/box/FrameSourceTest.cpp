@@ -1,8 +1,8 @@
 // Where the signal of the box comes from.
 #include "box/FrameSource.h"
 
-#include "SampleFile.h"
 #include "support/TemporaryDataFolder.h"
+#include "support/WriteDemoFile.h"
 
 #include <gtest/gtest.h>
 
@@ -12,32 +12,30 @@
 namespace ecg {
 namespace {
 
-TEST(FrameSource, TakesRecordsBySuffixWithoutTheirBeatMarks)
+TEST(FrameSource, TakesFilesByNameAndLeavesTheSignalAlone)
 {
     const TemporaryDataFolder folder;
-    const auto marked = static_cast<std::int16_t>(0x8000 | 1500);
-    const std::vector<Frame> stored{{marked, 2, 3, 4, 5, 6, 7, 8}, {1501, 4096, -1, 4, 5, 6, 7, 8}};
-    const std::vector<Frame> played{{1500, 2, 3, 4, 5, 6, 7, 8}, {1501, 4095, 0, 4, 5, 6, 7, 8}};
-    for (const char* name : {"20240102030405.W", "a.w", "20240102030405.F", "vcgtest.DAT"}) {
-        ASSERT_TRUE(WriteSampleFile(folder.File(name), stored));
-        const auto source = LoadFrameSource(folder.File(name));
+    constexpr auto marked = static_cast<std::int16_t>(0x8000 | 2100);
+    const std::vector<Frame> stored{{marked, 2050, 2048, 2000, 1000, 4095, 5, 2048},
+                                    {2048, 2049, 4096, -1, 0, 0, 0, 1}};
+    const std::vector<Frame> played{{2100, 2050, 2048, 2000, 1000, 4095, 5, 2048}, {2048, 2049, 4095, 0, 0, 0, 0, 1}};
+    // To the chest channels comes (2100 + 2050 + 2048) / 3 - 2048 = 18, (2048 + 2049 + 2048) / 3 - 2048 = 0.33
+    const std::vector<Frame> fed{{2100, 2050, 2066, 2018, 1018, 4095, 23, 2066}, {2048, 2049, 4095, 0, 0, 0, 0, 1}};
+    const struct {
+        const char* Name;
+        std::vector<Frame> Wilson, Frank;
+    } cases[] = {{"20240102030405.W", played, {}},
+                 {"a.w", played, {}},
+                 {"20240102030405.F", {}, played},
+                 {"vcgtest.DAT", {}, played},
+                 {"EcgTest.dat", fed, {}}};
+    for (const auto& c : cases) {
+        WriteDemoFile(folder.File(c.Name), stored);
+        const auto source = LoadFrameSource(folder.File(c.Name));
         ASSERT_TRUE(source) << source.Reason();
-        const bool isWilson = folder.File(name).extension() == ".W" || folder.File(name).extension() == ".w";
-        EXPECT_EQ(isWilson ? source->Wilson : source->Frank, played) << name;
-        EXPECT_TRUE((isWilson ? source->Frank : source->Wilson).empty()) << name;
+        EXPECT_EQ(source->Wilson, c.Wilson) << c.Name;
+        EXPECT_EQ(source->Frank, c.Frank) << c.Name;
     }
-}
-
-TEST(FrameSource, GivesTheChestChannelsOfTheDemonstrationFileTheirSumBack)
-{
-    const TemporaryDataFolder folder;
-    // (2100 + 2050 + 2048) / 3 = 2066, (2048 + 2049 + 2048) / 3 = 2048.33
-    ASSERT_TRUE(WriteSampleFile(folder.File("EcgTest.dat"),
-                                {{2100, 2050, 2048, 2000, 1000, 4095, 5, 2048}, {2048, 2049, 2048, 0, 0, 0, 0, 1}}));
-    const auto source = LoadFrameSource(folder.File("EcgTest.dat"));
-    ASSERT_TRUE(source) << source.Reason();
-    EXPECT_EQ(source->Wilson[0], (Frame{2100, 2050, 2066, 2018, 1018, 4095, 23, 2066}));
-    EXPECT_EQ(source->Wilson[1], (Frame{2048, 2049, 2048, 0, 0, 0, 0, 1}));
 }
 
 TEST(FrameSource, RefusesWhatItCannotPlay)
@@ -47,9 +45,14 @@ TEST(FrameSource, RefusesWhatItCannotPlay)
     std::ofstream(folder.File("notes.txt")) << "text";
     std::ofstream(folder.File("pressure.hea")) << "p 1 100\np.dat 16 10/mV 16 0 0 0 0 ABP\n";
     std::ofstream(folder.File("p.dat")) << "1234";
-    for (const char* name : {"short.W", "notes.txt", "missing.W", "missing.hea", "pressure.hea", ""})
-        EXPECT_FALSE(LoadFrameSource(folder.File(name))) << name;
-    EXPECT_NE(LoadFrameSource(folder.File("pressure.hea")).Reason().find("neither leads"), std::string::npos);
+    std::ofstream(folder.File("half.hea")) << "half 1\nhalf.dat 16\n";
+    std::filesystem::create_directory(folder.File("folder.hea"));
+    const std::pair<const char*, const char*> cases[] = {
+        {"short.W", "does not hold"}, {"notes.txt", "is no .hea"},         {"missing.W", "cannot open"},
+        {"", "is no .hea"},           {"missing.hea", "there is no file"}, {"pressure.hea", "neither leads"},
+        {"half.hea", "half.dat"},     {"folder.hea", "there is no file"}};
+    for (const auto& [name, reason] : cases)
+        EXPECT_NE(LoadFrameSource(folder.File(name)).Reason().find(reason), std::string::npos) << name;
 }
 
 TEST(FrameSource, JoinsItsEndToItsBeginningWithoutAStep)
@@ -61,18 +64,13 @@ TEST(FrameSource, JoinsItsEndToItsBeginningWithoutAStep)
     CloseLoop(frames);
     EXPECT_EQ(frames.size(), 900U);
     EXPECT_EQ(frames.front()[3], 1090);
-    for (std::size_t i = 0; i < frames.size(); ++i) {
-        const Frame& next = frames[(i + 1) % frames.size()];
-        EXPECT_LE(std::abs(next[3] - frames[i][3]), 10) << "frame " << i;
-    }
-}
+    for (std::size_t i = 0; i < frames.size(); ++i)
+        EXPECT_LE(std::abs(frames[(i + 1) % frames.size()][3] - frames[i][3]), 10) << "frame " << i;
 
-TEST(FrameSource, LeavesALoopTooShortToJoinAsItIs)
-{
-    std::vector<Frame> frames(299);
+    frames.resize(299);  // too few to join
     CloseLoop(frames);
     EXPECT_EQ(frames.size(), 299U);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

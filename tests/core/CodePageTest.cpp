@@ -3,18 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace ecg {
 namespace {
 
-TEST(CodePage, ConvertsChineseBothWays)
+TEST(CodePage, EveryCharacterComesBackAsItWas)
 {
-    const std::string gbk = "\xD0\xC4\xB5\xE7 ECG"; // 心电 ECG
-    EXPECT_EQ(Utf8FromGbk(gbk), "心电 ECG");
-    EXPECT_EQ(GbkFromUtf8("心电 ECG"), gbk);
-}
-
-TEST(CodePage, EveryPairOfTheCodePageComesBackAsItWas)
-{
+    EXPECT_EQ(Utf8FromGbk("\xD0\xC4\xB5\xE7 ECG"), "心电 ECG");
     int characters = 0;
     for (int lead = 0x81; lead <= 0xFE; ++lead)
         for (int trail = 0x40; trail <= 0xFE; ++trail) {
@@ -28,56 +24,33 @@ TEST(CodePage, EveryPairOfTheCodePageComesBackAsItWas)
     EXPECT_GT(characters, 21000);
 }
 
-struct Damage {
-    const char* name;
-    std::string gbk;
-    std::string utf8;
-};
-
-class DamagedGbk : public testing::TestWithParam<Damage> {};
-
-TEST_P(DamagedGbk, ReadsAsQuestionMarksAndKeepsItsNeighbours)
+TEST(CodePage, WhatTheOtherSideLacksBecomesAQuestionMarkAndItsNeighboursStay)
 {
-    EXPECT_EQ(Utf8FromGbk(GetParam().gbk), GetParam().utf8);
+    using Cases = std::vector<std::pair<std::string, std::string>>;
+    const std::string leadBeforeADigit{'\xD0', '1'};
+    const std::string undefinedPair{'\xFE', '\xFE', 'b'};
+    for (const auto& [gbk, utf8] :
+         Cases{{"a\xD0", "a?"}, {"a\x80z", "a?z"}, {"\xFFz", "?z"}, {leadBeforeADigit, "?1"}, {undefinedPair, "?b"}})
+        EXPECT_EQ(Utf8FromGbk(gbk), utf8);
+    const std::string emoji = "a\U0001F600b";
+    const std::string halfASurrogatePair = "\xED\xA0\x80";
+    for (const auto& [utf8, gbk] :
+         Cases{{emoji, "a?b"}, {"a\xC3", "a?"}, {"\xE5\xBF z", "?? z"}, {halfASurrogatePair, "?"}})
+        EXPECT_EQ(GbkFromUtf8(utf8), gbk);
 }
 
-INSTANTIATE_TEST_SUITE_P(Bytes, DamagedGbk,
-                         testing::Values(Damage{"lone_lead_at_the_end", "a\xD0", "a?"},
-                                         Damage{"byte_80", "a\x80z", "a?z"}, Damage{"byte_ff", "\xFFz", "?z"},
-                                         Damage{"lead_before_a_digit",
-                                                "\xD0"
-                                                "1",
-                                                "?1"},
-                                         Damage{"undefined_pair",
-                                                "\xFE\xFE"
-                                                "b",
-                                                "?b"}),
-                         [](const auto& test) { return test.param.name; });
-
-TEST(CodePage, WhatItLacksBecomesAQuestionMark)
-{
-    EXPECT_EQ(GbkFromUtf8("a\U0001F600b"), "a?b"); // an emoji is outside the code page
-    EXPECT_EQ(GbkFromUtf8("a\xC3"), "a?");         // malformed
-    EXPECT_EQ(GbkFromUtf8("\xE5\xBF z"), "?? z");
-    EXPECT_EQ(GbkFromUtf8("\xED\xA0\x80"), "?"); // half a surrogate pair is no character
-}
-
-TEST(FixedText, NeverEndsInHalfACharacter)
+TEST(FixedText, IsCutAtACharacterAndTrimmedAtItsEndOnly)
 {
     FixedText<5> text;
+    EXPECT_TRUE(text.IsBlank());
     text.Set("心电图");
     EXPECT_EQ(text.Bytes(), "\xD0\xC4\xB5\xE7 ");
     EXPECT_EQ(text.Text(), "心电");
     text.Set("a心电图");
     EXPECT_EQ(text.Text(), "a心电");
-}
-
-TEST(FixedText, TrimsBlanksAndNulsAtItsEndOnly)
-{
     EXPECT_EQ(TrimField(std::string_view(" a b \0 \0", 8)), " a b");
     EXPECT_EQ(TrimField(std::string_view("\0\0 ", 3)), "");
-    EXPECT_TRUE(FixedText<9>().IsBlank());
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

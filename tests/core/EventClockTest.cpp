@@ -13,7 +13,7 @@ TEST(EventClock, CarriesUpToTheDayOnly)
                                          {-5, ""},
                                          {1, "2026/03/30 23:59:58"},
                                          {500, "2026/03/30 23:59:59"},
-                                         {250, "2026/03/30 23:59:58"}, // half a second goes to the even one
+                                         {250, "2026/03/30 23:59:58"},  // half a second goes to the even one
                                          {1000, "2026/03/31 00:00:00"},
                                          {1000 + 500 * 86'399, "2026/03/31 23:59:59"},
                                          {1000 + 500 * 86'400, "2026-03-32 0:0:0"}})
@@ -23,5 +23,5 @@ TEST(EventClock, CarriesUpToTheDayOnly)
     EXPECT_EQ(EventClock(LaidOutTime("2026033023595x"), 500), "");
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

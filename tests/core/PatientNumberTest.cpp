@@ -48,5 +48,5 @@ TEST(PatientNumber, IsTheSameWhateverZerosAndCaseItIsTypedWith)
     EXPECT_FALSE(SamePatientNumber("12", "120"));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -74,7 +74,7 @@ TEST_F(AboutPatTest, AQuickPatientTakesTheLowestNumberWithoutAFolder)
 
 TEST_F(AboutPatTest, WithoutRoomOnTheDiskThereIsNoQuickPatient)
 {
-    for (int steps = 0; steps < 4; ++steps) { // make the folder, make the file, write, flush
+    for (int steps = 0; steps < 4; ++steps) {  // make the folder, make the file, write, flush
         CrashingFileSystem full(steps);
         AboutPat database(state_, full, clock_);
         state_.CurrentPatient = Patient("9");
@@ -86,5 +86,5 @@ TEST_F(AboutPatTest, WithoutRoomOnTheDiskThereIsNoQuickPatient)
     }
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

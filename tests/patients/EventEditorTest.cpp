@@ -8,7 +8,7 @@
 namespace ecg {
 namespace {
 
-constexpr std::int32_t onView = 9000; // slot
+constexpr std::int32_t onView = 9000;  // slot
 
 RecordHeader TwoEvents()
 {
@@ -28,7 +28,7 @@ TEST(EventEditor, ShowsTheEventsOfTheHeader)
     EXPECT_EQ(editor.Time(1), "2026/03/09 08:05:02");
     EXPECT_EQ(editor.Text(1), "胸痛");
     EXPECT_EQ(editor.Position(1), 1300);
-    EXPECT_EQ(editor.Time(3) + editor.Text(3), "early"); // lies before the first sample
+    EXPECT_EQ(editor.Time(3) + editor.Text(3), "early");  // lies before the first sample
     EXPECT_EQ(editor.Time(5) + editor.Text(5), "");
     for (const int row : {-1, 0, 47})
         EXPECT_TRUE(editor.Text(row).empty() && editor.Time(row).empty() && !editor.Position(row)) << row;
@@ -77,5 +77,5 @@ TEST(EventEditor, ALongTextIsCutAndAFullTableTakesNoMore)
     EXPECT_EQ(EventCount(editor.Stored(onView)), 46);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

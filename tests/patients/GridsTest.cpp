@@ -66,9 +66,9 @@ TEST_F(GridsTest, SortingAlternatesAndKeepsThePositionWithItsRow)
     EXPECT_EQ(Column(table, 7), (Texts{"3", "1", "4", "2"}));
     table.Sort(0, false);
     EXPECT_EQ(Column(table, 7), (Texts{"2", "4", "1", "3"}));
-    table.Sort(1, false); // empty names first, then by pronunciation: Chen, Zhao
+    table.Sort(1, false);  // empty names first, then by pronunciation: Chen, Zhao
     EXPECT_EQ(Column(table, 7), (Texts{"2", "4", "3", "1"}));
-    table.Sort(7, false); // no header
+    table.Sort(7, false);  // no header
     EXPECT_EQ(Column(table, 7), (Texts{"2", "4", "3", "1"}));
 }
 
@@ -146,5 +146,5 @@ TEST_F(GridsTest, RecordsSortByTheTimeOfTheNameAndByTheSecondsOfThePeriod)
     EXPECT_EQ(table.FindFile("20260101000003.W"), 1);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

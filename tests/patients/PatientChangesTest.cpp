@@ -75,7 +75,7 @@ TEST_F(PatientChangesTest, DeletingTakesFolderSlotAndRowAndSelectsTheNext)
     PutFile("000000004", "d.W");
     const auto database = Restarted();
     database->Patients.Sort(0, false);
-    database->Patients.Sort(0, false); // 4 3 2 1
+    database->Patients.Sort(0, false);  // 4 3 2 1
     const Removal removal = RemovePatients(*database, RowsBetween(database->Patients, 1, 2), NoProgress);
     EXPECT_EQ(removal.Outcome, Removal::End::Done);
     EXPECT_EQ(removal.Removed, 2);
@@ -180,9 +180,9 @@ TEST_F(PatientChangesTest, ANewNumberTakesTheFolderAlong)
     EXPECT_EQ(Column(database->Patients, 0), (Texts{"x7", "000000002"}));
     EXPECT_EQ(database->Records.RowCount(), 1);
     EXPECT_EQ(state_.CurrentPatient.Name.Text(), "甲");
-    ASSERT_TRUE(RenumberPatient(*database, Patient("X7", "乙"))); // another case: the folder follows it
+    ASSERT_TRUE(RenumberPatient(*database, Patient("X7", "乙")));  // another case: the folder follows it
     EXPECT_EQ(Listed(), (Texts{"X7: a", "000000002:"}));
-    ASSERT_TRUE(RenumberPatient(*database, Patient("8", "丙"))); // a folder without a patient
+    ASSERT_TRUE(RenumberPatient(*database, Patient("8", "丙")));  // a folder without a patient
     EXPECT_EQ(Listed(), (Texts{"000000008: a left", "000000002:"}));
     WriteBytes(Path("Comm.dat"), "a file");
     EXPECT_FALSE(RenumberPatient(*database, Patient("Comm.dat")));
@@ -237,5 +237,5 @@ TEST_F(PatientChangesTest, ClassAndBedAreChangedInTheHeaderAlone)
     EXPECT_FALSE(IsFile(Path("none")));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

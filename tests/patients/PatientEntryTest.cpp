@@ -131,12 +131,12 @@ TEST_F(PatientEntryTest, ModifyingWritesTheSameSlotAndARefusedChangeNone)
     Start();
     PutFile("000000001", "a.W");
     database_->Patients.Sort(0, false);
-    database_->Patients.Sort(0, false); // 3 2 1
+    database_->Patients.Sort(0, false);  // 3 2 1
     database_->Select(2);
-    state_.CurrentPatient.No.Set(""); // as after a cancelled set-up
+    state_.CurrentPatient.No.Set("");  // as after a cancelled set-up
     PatientEntry entry = Opened(EntryMode::Modify);
     EXPECT_EQ(entry.Draft()[Field::Number], "1");
-    EXPECT_EQ(entry.Draft()[Field::Height], "0"); // below the range, but as it was stored
+    EXPECT_EQ(entry.Draft()[Field::Height], "0");  // below the range, but as it was stored
     entry.Type(Field::Number, "01");
     EXPECT_TRUE(entry.FieldsEnabled());
     entry.Type(Field::Name, "new");
@@ -222,7 +222,7 @@ TEST(ExaminationItems, LastAsLongAsTheLongestOfEachSystem)
         items.Check(item, true);
     EXPECT_EQ(items.WilsonSamples(), 300);
     EXPECT_EQ(items.FrankSamples(), 60);
-    EXPECT_TRUE(items.TypeWilsonSeconds("0.005")); // 2.5 samples go to the even 2
+    EXPECT_TRUE(items.TypeWilsonSeconds("0.005"));  // 2.5 samples go to the even 2
     EXPECT_TRUE(items.TypeFrankSeconds("99999999999"));
     EXPECT_FALSE(items.TypeFrankSeconds("1s"));
     EXPECT_EQ(items.WilsonSamples(), 2);
@@ -234,5 +234,5 @@ TEST(ExaminationItems, LastAsLongAsTheLongestOfEachSystem)
     EXPECT_EQ(items.WilsonSamples(), 0);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -129,8 +129,8 @@ TEST_F(PatientFileTest, ACrashAtAnyStepOfCompactionLosesNobody)
         EXPECT_EQ(file_.Count(), std::ssize(survivors)) << "crash at step " << steps;
         EXPECT_FALSE(IsFile(Path(PatientTempFileName))) << "crash at step " << steps;
     }
-    EXPECT_EQ(steps, 6); // remove the old copy, make, write, flush, rename; and once with no crash
+    EXPECT_EQ(steps, 6);  // remove the old copy, make, write, flush, rename; and once with no crash
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -107,9 +107,9 @@ protected:
 
     TemporaryDataFolder folder_;
     SharedState state_ = StateIn(folder_.Paths());
-    FakeClock clock_; // 2026
+    FakeClock clock_;  // 2026
     DiskFileSystem disk_;
     PatientFile file_{disk_, folder_.Paths().Data};
 };
 
-} // namespace ecg
+}  // namespace ecg

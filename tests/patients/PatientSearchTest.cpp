@@ -47,7 +47,7 @@ TEST(PatientSearch, PatternsOfNamesStandAsTyped)
 
 TEST(PatientSearch, AllConditionsMustHoldAndOnesThatAreOffDoNotCount)
 {
-    PatientRecord patient = Patient("1", "甲", "1900"); // 126 years: listed without an age, yet compared
+    PatientRecord patient = Patient("1", "甲", "1900");  // 126 years: listed without an age, yet compared
     patient.Sex = 1;
     patient.Height = 170;
     patient.Flags[3] = 1;
@@ -93,7 +93,7 @@ TEST(PatientSearch, TheFormSetsOnlyWhatCanBeSearched)
     EXPECT_TRUE(conditions.UseName && conditions.UseSex && conditions.UseAge && conditions.UseWeight);
     EXPECT_EQ(conditions.Sex, 1);
     EXPECT_EQ(conditions.Age.Lowest, 20);
-    EXPECT_EQ(conditions.Age.Highest, 99); // 300 cannot be stored
+    EXPECT_EQ(conditions.Age.Highest, 99);  // 300 cannot be stored
     EXPECT_EQ(conditions.Weight.Lowest, 40);
     EXPECT_TRUE(conditions.UseFlag[0] && conditions.FlagWanted[9] && !conditions.FlagWanted[0]);
 
@@ -114,7 +114,7 @@ TEST_F(PatientFilterTest, HidesByWhatTheFileHoldsAndShowsAgain)
     const auto database = Restarted();
     PatientTable& table = database->Patients;
     table.Sort(0, false);
-    table.Sort(0, false); // 4 3 2 1
+    table.Sort(0, false);  // 4 3 2 1
     file_.Write(3, Patient("3", "moved"));
     SearchConditions conditions;
     conditions.UseName = true;
@@ -132,8 +132,8 @@ TEST_F(PatientFilterTest, HidesByWhatTheFileHoldsAndShowsAgain)
     conditions.Name.Set("moved");
     std::filesystem::resize_file(Path(PatientFileName), 3 * sizeof(PatientRecord));
     FilterPatients(table, file_, conditions, year);
-    EXPECT_EQ(shown(), "43--"); // slot 4 is gone and its row stays as it was
+    EXPECT_EQ(shown(), "43--");  // slot 4 is gone and its row stays as it was
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

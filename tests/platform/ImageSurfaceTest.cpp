@@ -101,5 +101,5 @@ TEST_P(ImageSurfaceAtScale, GoesOnDrawingAfterACopy)
     EXPECT_EQ(PaperArea(), Device(8, 8, 4, 4));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -62,4 +62,4 @@ private:
     int steps_;
 };
 
-} // namespace ecg
+}  // namespace ecg

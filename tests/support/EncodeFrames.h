@@ -78,4 +78,4 @@ inline std::vector<Frame> BeatFrames(std::size_t count, std::initializer_list<st
     return frames;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -6,30 +6,26 @@
 #include "support/FakeSerialPort.h"
 
 #include <numeric>
-#include <string_view>
 
 namespace ecg {
 
-inline std::uint8_t SumOf(const Bytes& bytes)
+// With the low 8 bits of their sum behind them.
+inline Bytes WithSum(Bytes bytes)
 {
-    return static_cast<std::uint8_t>(std::accumulate(bytes.begin(), bytes.end(), 0));
+    bytes.push_back(static_cast<std::uint8_t>(std::accumulate(bytes.begin(), bytes.end(), 0)));
+    return bytes;
 }
 
 // The 15 bytes with which a box answers.
 inline Bytes Identification(std::uint8_t key)
 {
-    Bytes reply{'T', 'O', 'L', 'M', 9, 8, 7, 6, 5, 4, 3, 2, 1, key};
-    reply.push_back(SumOf(reply));
-    return reply;
+    return WithSum({'T', 'O', 'L', 'M', 9, 8, 7, 6, 5, 4, 3, 2, 1, key});
 }
 
 // The 20 bytes of a command.
 inline Bytes CommandBytes(std::uint8_t code, std::array<std::uint8_t, 3> parameters)
 {
-    Bytes packet{'R', 'U', 'V', 'O', code, parameters[0], parameters[1], parameters[2]};
-    packet.resize(19);
-    packet.push_back(SumOf(packet));
-    return packet;
+    return WithSum(Bytes{'R', 'U', 'V', 'O', code, parameters[0], parameters[1], parameters[2]} + Bytes(11));
 }
 
 // Plugs a box into `port`. Waiting on the port lets the clock run.
@@ -47,7 +43,7 @@ public:
     void Plug(int number)
     {
         number_ = number;
-        port_.Existing[number] = true;
+        port_.Existing.insert(number);
     }
 
     // Sends frames scrambled, as the box does, and completes the last.
@@ -64,4 +60,4 @@ private:
     int number_ = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -19,4 +19,4 @@ private:
     std::int64_t Now_ = 1000;
 };
 
-} // namespace ecg
+}  // namespace ecg

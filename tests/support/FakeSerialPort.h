@@ -3,7 +3,7 @@
 
 #include "platform/SerialPort.h"
 
-#include <map>
+#include <set>
 #include <utility>
 
 namespace ecg {
@@ -22,23 +22,14 @@ public:
     bool IsOpen() const override { return open_ != 0; }
     void SetReceiveThreshold(std::size_t bytes) override { Threshold = bytes; }
     std::size_t BytesWaiting() override { return waiting_.size(); }
-    void WaitForBytes(int milliseconds) override
-    {
-        if (OnWait)
-            OnWait(milliseconds);
-    }
-    std::span<const std::uint8_t> Read() override
-    {
-        read_ = std::exchange(waiting_, {});
-        return read_;
-    }
+    void WaitForBytes(int milliseconds) override { OnWait(milliseconds); }
+    std::span<const std::uint8_t> Read() override { return read_ = std::exchange(waiting_, {}); }
     bool Write(std::span<const std::uint8_t> bytes) override
     {
         if (open_ == 0)
             return false;
         Written.emplace_back(bytes.begin(), bytes.end());
-        if (OnWrite)
-            OnWrite(open_, Written.back());
+        OnWrite(open_, Written.back());
         return true;
     }
     void ClearBuffers() override { waiting_.clear(); }
@@ -66,12 +57,12 @@ public:
 
     int OpenPort() const { return open_; }
 
-    std::map<int, bool> Existing; // ports that can be opened
+    std::set<int> Existing;  // ports that can be opened
     std::size_t Threshold = 0;
     std::vector<int> Opened;
     std::vector<Bytes> Written;
-    std::function<void(int port, const Bytes& bytes)> OnWrite;
-    std::function<void(int milliseconds)> OnWait;
+    std::function<void(int port, const Bytes& bytes)> OnWrite = [](int, const Bytes&) {};
+    std::function<void(int milliseconds)> OnWait = [](int) {};
 
 private:
     int open_ = 0;
@@ -81,4 +72,4 @@ private:
     std::function<void()> lost_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -5,7 +5,6 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,7 +13,7 @@ namespace ecg {
 
 class RecordingView final : public MainView {
 public:
-    using Place = std::pair<int, int>; // x, y
+    using Place = std::pair<int, int>;  // x, y
 
     void MoveLeadCaption(LeadSystem system, std::size_t lead, int x, int y) override
     {
@@ -22,13 +21,7 @@ public:
     }
     void RepaintLeadCaptions() override { ++CaptionRepaints; }
     void TraceChanged(int x, int width) override { LastChange = {x, width}; }
-    void EnableTimer(MainTimer timer, bool enabled) override
-    {
-        if (enabled)
-            Running.insert(timer);
-        else
-            Running.erase(timer);
-    }
+    void EnableTimer(MainTimer timer, bool enabled) override { Timers[timer] = enabled; }
     void ShowTexts() override { Calls.emplace_back("texts"); }
     void ShowSelectors() override { Calls.emplace_back("selectors"); }
     void ShowExamination() override { Calls.emplace_back("examination"); }
@@ -43,16 +36,17 @@ public:
     void ShowKeyPressed(int key, bool pressed) override { KeyPictures.emplace_back(key, pressed); }
     void ShowLamp(Lamp lamp, bool lit) override { Lamps.emplace_back(lamp, lit); }
     void ShowSampledTime(LeadSystem, const std::string& text) override { SampledTime = text; }
-    void ShowBusy(bool busy) override { BusyNow = busy; }
+    void ShowBusy(bool busy) override { Calls.emplace_back(busy ? "busy" : "ready"); }
+    void RunSoon(std::function<void()> task) override { Soon.push_back(std::move(task)); }
     void CloseWindow() override { Closed = true; }
 
-    bool IsRunning(MainTimer timer) const { return Running.count(timer) != 0; }
+    bool IsRunning(MainTimer timer) const { return Timers.count(timer) != 0 && Timers.at(timer); }
 
     std::map<std::pair<LeadSystem, std::size_t>, Place> Captions;
     int CaptionRepaints = 0;
-    std::pair<int, int> LastChange; // x, width
-    std::set<MainTimer> Running;
-    std::vector<std::string> Calls;
+    std::pair<int, int> LastChange;  // x, width
+    std::map<MainTimer, bool> Timers;
+    std::vector<std::string> Calls;  // of the routines without a value of their own
     std::vector<std::string> HeartRates;
     bool HeartLit = false;
     std::string HeartLead;
@@ -61,11 +55,11 @@ public:
     bool Recovery = false;
     std::optional<bool> NoDevice;
     std::optional<LeadSystem> CaptionSet;
-    std::vector<std::pair<int, bool>> KeyPictures; // key, pressed
+    std::vector<std::pair<int, bool>> KeyPictures;  // key, pressed
     std::vector<std::pair<Lamp, bool>> Lamps;
     std::string SampledTime;
-    bool BusyNow = false;
+    std::vector<std::function<void()>> Soon;  // in the order they came
     bool Closed = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -26,4 +26,4 @@ public:
     std::vector<Message> Shown;
 };
 
-} // namespace ecg
+}  // namespace ecg

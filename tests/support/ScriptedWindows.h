@@ -33,4 +33,4 @@ private:
     }
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -33,4 +33,4 @@ private:
     Folders folders_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -55,4 +55,4 @@ inline std::string LabelOf(QWidget& window, const std::string& name)
     return Find<QLabel>(window, name).text().toStdString();
 }
 
-} // namespace ecg
+}  // namespace ecg

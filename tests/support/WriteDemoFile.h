@@ -17,4 +17,4 @@ inline void WriteDemoFile(const std::filesystem::path& path, const std::vector<F
     ReplaceFile(path, std::as_bytes(std::span(records)));
 }
 
-} // namespace ecg
+}  // namespace ecg

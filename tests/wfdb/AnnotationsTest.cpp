@@ -14,10 +14,8 @@ namespace {
 std::vector<std::byte> Words(std::initializer_list<int> words)
 {
     std::vector<std::byte> bytes;
-    for (const int word : words) {
-        bytes.push_back(static_cast<std::byte>(word & 0xFF));
-        bytes.push_back(static_cast<std::byte>(word >> 8));
-    }
+    for (const int word : words)
+        bytes.insert(bytes.end(), {static_cast<std::byte>(word & 0xFF), static_cast<std::byte>(word >> 8)});
     return bytes;
 }
 
@@ -26,34 +24,23 @@ constexpr int Word(int code, int interval)
     return code << 10 | interval;
 }
 
-constexpr int normalBeat = 1;
-constexpr int ventricularBeat = 5;
-constexpr int rhythmChange = 28;
-
-TEST(Annotations, AddUpTheirIntervals)
+TEST(Annotations, AddUpTheirIntervalsAsFarAsTheyGo)
 {
-    const auto annotations = ParseAnnotations(Words({Word(rhythmChange, 18), Word(63, 3), 0x4E28, 0x0000, // "(N"
-                                                     Word(normalBeat, 59), Word(60, 1), Word(59, 0), 0x0001, 0x0002,
-                                                     Word(ventricularBeat, 1023), 0, Word(normalBeat, 1)}));
-    ASSERT_EQ(annotations.size(), 3U);
-    EXPECT_EQ(annotations[0].Code, rhythmChange);
-    EXPECT_EQ(annotations[0].Sample, 18);
-    EXPECT_EQ(annotations[1].Sample, 77);
-    EXPECT_EQ(annotations[2].Code, ventricularBeat);
-    EXPECT_EQ(annotations[2].Sample, 77 + 0x10002 + 1023);
-    EXPECT_TRUE(IsBeat(normalBeat) && IsBeat(ventricularBeat) && !IsBeat(rhythmChange));
-}
-
-TEST(Annotations, EndWhereTheFileIsCut)
-{
-    const auto whole = Words({Word(normalBeat, 5), Word(59, 0), 1, 1, Word(63, 9), Word(normalBeat, 7)});
+    const auto whole = Words({Word(28, 18), Word(63, 3), 0x4E28, 0x0000,  // a rhythm change with the text "(N"
+                              Word(1, 59), Word(60, 1), Word(59, 0), 0x0001, 0x0002, Word(5, 1023), 0, Word(1, 1)});
     for (std::size_t size = 0; size <= whole.size(); ++size) {
         const auto annotations = ParseAnnotations(std::span(whole).first(size));
-        ASSERT_EQ(annotations.size(), size < 2 ? 0U : 1U) << size << " bytes";
+        ASSERT_EQ(annotations.size(), size < 2 ? 0U : size < 10 ? 1U : size < 20 ? 2U : 3U) << size << " bytes";
+    }
+    const auto annotations = ParseAnnotations(whole);
+    const std::pair<int, int> expected[] = {{28, 18}, {1, 77}, {5, 77 + 0x10002 + 1023}};  // code, sample
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        EXPECT_EQ(annotations[i].Code, expected[i].first);
+        EXPECT_EQ(annotations[i].Sample, expected[i].second);
     }
 }
 
-TEST(AmbulatoryRecording, HasItsBeats)
+TEST(Annotations, OfTheAmbulatoryRecordingAreItsBeats)
 {
     const std::filesystem::path path = std::filesystem::path(ECG_SHARED_DATA) / "100.atr";
     if (!std::filesystem::exists(path))
@@ -66,5 +53,5 @@ TEST(AmbulatoryRecording, HasItsBeats)
     EXPECT_GT(annotations.back().Sample, 649000);
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -56,20 +56,16 @@ INSTANTIATE_TEST_SUITE_P(Pairs, Rates,
                          testing::Values(std::tuple{360, 500}, std::tuple{1000, 500}, std::tuple{128, 500},
                                          std::tuple{257.25, 500}, std::tuple{360, 1000}, std::tuple{2048, 500}));
 
-TEST(Resample, KeepsAConstantToItsEnds)
+TEST(Resample, KeepsConstantsAndEqualRatesAndTheLengthOfShortSignals)
 {
     for (const double value : Resample(std::vector<double>(100, 3.25), 360, 500))
-        ASSERT_NEAR(value, 3.25, 1e-12);
-}
-
-TEST(Resample, LeavesEqualRatesAndShortSignalsAlone)
-{
+        ASSERT_NEAR(value, 3.25, 1e-12) << "to its ends";
     const std::vector<double> signal{1, -2, 3};
     EXPECT_EQ(Resample(signal, 500, 500), signal);
     EXPECT_TRUE(Resample({}, 360, 500).empty());
-    EXPECT_TRUE(Resample(std::vector<double>{1}, 1000, 500).empty()); // half a sample is none
+    EXPECT_TRUE(Resample(std::vector<double>{1}, 1000, 500).empty());  // half a sample is none
     EXPECT_EQ(Resample(std::vector<double>{1}, 250, 500), (std::vector<double>{1, 1}));
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -14,17 +14,17 @@ constexpr int streamCommand = 21;
 constexpr int filterCommand = 37;
 constexpr int baselineCommand = 53;
 
-constexpr unsigned statusInterval = 16; // frames
+constexpr unsigned statusInterval = 16;  // frames
 constexpr int millisecondsPerFrame = 1000 / FramesPerSecond;
-constexpr int baselineUnit = 10; // milliseconds in one of the parameter of a baseline return
+constexpr int baselineUnit = 10;  // milliseconds in one of the parameter of a baseline return
 constexpr int limbElectrodes = 4;
 constexpr FrameFlags limbFlags = FrameFlag(1) | FrameFlag(2) | FrameFlag(3) | FrameFlag(4);
 constexpr std::size_t frankChannels = 6;
-constexpr double railOffset = SampleMask - ZeroLevel; // counts above zero signal with an electrode off
-constexpr double settlePerFrame = 0.996;              // what is left of an offset a frame later: 0.5 s time constant
+constexpr double railOffset = SampleMask - ZeroLevel;  // counts above zero signal with an electrode off
+constexpr double settlePerFrame = 0.996;               // what is left of an offset a frame later: 0.5 s time constant
 
 struct FilterSetting {
-    std::uint8_t Code; // in the command; the place in the list is what a status frame reports
+    std::uint8_t Code;  // in the command; the place in the list is what a status frame reports
     std::string_view Label;
 };
 
@@ -44,15 +44,18 @@ std::string SetFilter(std::span<const FilterSetting> settings, int code, std::ui
     return std::string(found->Label);
 }
 
-std::array<std::uint8_t, IdentificationReplySize> IdentificationReply(std::uint8_t key)
+// "TOLM", nothing of meaning, and at the end the key and the check byte.
+std::vector<std::uint8_t> IdentificationReply(std::uint8_t key)
 {
-    std::array<std::uint8_t, IdentificationReplySize> reply{'T', 'O', 'L', 'M'};
-    reply[13] = key;
-    reply[14] = SumOfBytes(std::span(reply).first(14));
+    constexpr std::size_t keyPosition = 13;
+    std::vector<std::uint8_t> reply{'T', 'O', 'L', 'M'};
+    reply.resize(keyPosition);
+    reply.push_back(key);
+    reply.push_back(SumOfBytes(reply));
     return reply;
 }
 
-} // namespace
+}  // namespace
 
 Amplifier::Amplifier(FrameSource source, std::uint8_t key, Report report)
     : source_(std::move(source)), key_(key), report_(std::move(report))
@@ -98,24 +101,23 @@ void Amplifier::ObeyStream(int parameter)
     switch (parameter) {
     case 0:
         stream_ = StreamKind::Off;
-        report_("received 21 stop");
-        return;
+        return report_("received 21 stop");
     case 1:
-        stream_ = StreamKind::Wilson;
-        report_(source_.Wilson.empty() ? "received 21 start Wilson; the source has no such leads, sending zero signal"
-                                       : "received 21 start Wilson");
-        break;
+        return Start(StreamKind::Wilson, "Wilson");
     case 2:
-        stream_ = StreamKind::Frank;
-        report_(source_.Frank.empty() ? "received 21 start Frank; the source has no such leads, sending zero signal"
-                                      : "received 21 start Frank");
-        break;
+        return Start(StreamKind::Frank, "Frank");
     default:
         report_("refused command 21, parameter " + std::to_string(parameter) + " unknown");
-        return;
     }
+}
+
+void Amplifier::Start(StreamKind stream, const std::string& name)
+{
+    stream_ = stream;
     frameNumber_ = 0;
     offsets_.fill(0);
+    const char* lack = Source().empty() ? "; the source has no such leads, sending zero signal" : "";
+    report_("received 21 start " + name + lack);
 }
 
 void Amplifier::ObeyFilters(const CommandPacket& packet)
@@ -146,9 +148,14 @@ WireFrame Amplifier::NextFrame()
     return wire;
 }
 
+const std::vector<Frame>& Amplifier::Source() const
+{
+    return stream_ == StreamKind::Wilson ? source_.Wilson : source_.Frank;
+}
+
 Frame Amplifier::NextSignal()
 {
-    const std::vector<Frame>& frames = stream_ == StreamKind::Wilson ? source_.Wilson : source_.Frank;
+    const std::vector<Frame>& frames = Source();
     if (frames.empty()) {
         Frame zero{};
         zero.fill(ZeroLevel);
@@ -206,4 +213,4 @@ void Amplifier::PowerCycle()
     reader_.Reset();
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,7 +12,6 @@
 namespace ecg {
 
 inline constexpr int BoxElectrodeCount = 10;
-inline constexpr std::size_t IdentificationReplySize = 15;
 
 enum class StreamKind { Off, Wilson, Frank };
 
@@ -27,7 +26,6 @@ public:
     std::vector<std::uint8_t> Receive(std::span<const std::uint8_t> bytes);
 
     StreamKind Stream() const { return stream_; }
-    const FilterStatus& Filters() const { return filters_; }
 
     // The next frame of the stream, scrambled; only while it streams. Every 16th is a status frame, the others,
     // from the first on, are lead-off frames.
@@ -43,9 +41,11 @@ public:
 private:
     void Obey(const CommandPacket& packet, std::vector<std::uint8_t>& reply);
     void ObeyStream(int parameter);
+    void Start(StreamKind stream, const std::string& name);
     void ObeyFilters(const CommandPacket& packet);
     void ObeyBaselineReturn(int parameter);
     bool IsOff(std::size_t channel) const;
+    const std::vector<Frame>& Source() const;
     Frame NextSignal();
     void Disturb(Frame& frame);
 
@@ -56,10 +56,10 @@ private:
     StreamKind stream_ = StreamKind::Off;
     FilterStatus filters_;
     FrameFlags electrodesOff_ = 0;
-    std::size_t position_ = 0;                   // in the source's frames
-    unsigned frameNumber_ = 0;                   // since the stream started
-    int baselineReturnFrames_ = 0;               // still to be held at zero signal
-    std::array<double, ChannelCount> offsets_{}; // counts left over from an electrode that was off
+    std::size_t position_ = 0;                    // in the source's frames
+    unsigned frameNumber_ = 0;                    // since the stream started
+    int baselineReturnFrames_ = 0;                // still to be held at zero signal
+    std::array<double, ChannelCount> offsets_{};  // counts left over from an electrode that was off
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -1,21 +1,21 @@
 #include "box/BoxCommand.h"
 
+#include "wfdb/Words.h"
+
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
-#include <optional>
 
 namespace ecg {
 namespace {
 
-constexpr double longestScript = 7 * 24 * 3600.0; // seconds
+constexpr double longestScript = 7 * 24 * 3600.0;  // seconds
 
 struct CommandForm {
     std::string_view Word;
     BoxAction Action;
     bool TakesValue;
-    bool IsWhole; // the value has no fraction
+    bool IsWhole;  // the value has no fraction
     double Least;
     double Most;
 };
@@ -29,26 +29,7 @@ constexpr std::array<CommandForm, 8> forms{{{"off", BoxAction::ElectrodeOff, tru
                                             {"replug", BoxAction::Replug, false, false, 0, 0},
                                             {"quit", BoxAction::Quit, false, false, 0, 0}}};
 
-std::string_view TakeWord(std::string_view& line)
-{
-    constexpr std::string_view blanks = " \t\r\n";
-    line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
-    const std::size_t end = std::min(line.find_first_of(blanks), line.size());
-    const std::string_view word = line.substr(0, end);
-    line.remove_prefix(end);
-    return word;
-}
-
-std::optional<double> ParseNumber(std::string_view word, double least, double most)
-{
-    double number = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    if (error != std::errc() || end != word.data() + word.size() || !(number >= least && number <= most))
-        return std::nullopt;
-    return number;
-}
-
-} // namespace
+}  // namespace
 
 Outcome<BoxCommand> ParseBoxCommand(std::string_view line)
 {
@@ -59,8 +40,9 @@ Outcome<BoxCommand> ParseBoxCommand(std::string_view line)
         return Result::Failure("unknown command \"" + std::string(word) + "\"");
     BoxCommand command{form->Action, 0};
     if (form->TakesValue) {
-        const auto value = ParseNumber(TakeWord(line), form->Least, form->Most);
-        if (!value || (form->IsWhole && *value != std::floor(*value)))
+        const auto value = ParseNumber<double>(TakeWord(line));
+        if (!value || !(*value >= form->Least && *value <= form->Most) ||
+            (form->IsWhole && *value != std::floor(*value)))
             return Result::Failure("\"" + std::string(word) + "\" takes a number from " +
                                    std::to_string(static_cast<int>(form->Least)) + " to " +
                                    std::to_string(static_cast<int>(form->Most)));
@@ -76,16 +58,14 @@ Outcome<std::vector<ScriptStep>> ParseScript(std::string_view text)
     using Result = Outcome<std::vector<ScriptStep>>;
     std::vector<ScriptStep> steps;
     for (int number = 1; !text.empty(); ++number) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(std::min(end + 1, text.size()));
+        std::string_view line = TakeUntil(text, '\n');
         line = line.substr(0, line.find('#'));
         const std::string_view time = TakeWord(line);
         if (time.empty())
             continue;
         const std::string place = "script line " + std::to_string(number) + ": ";
-        const auto seconds = ParseNumber(time, 0, longestScript);
-        if (!seconds)
+        const auto seconds = ParseNumber<double>(time);
+        if (!seconds || !(*seconds >= 0 && *seconds <= longestScript))
             return Result::Failure(place + "\"" + std::string(time) + "\" is no time in seconds");
         const auto command = ParseBoxCommand(line);
         if (!command)
@@ -96,4 +76,4 @@ Outcome<std::vector<ScriptStep>> ParseScript(std::string_view text)
     return steps;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -20,13 +20,13 @@ enum class BoxAction { ElectrodeOff, ElectrodeOn, Drop, Garbage, Silence, Unplug
 
 struct BoxCommand {
     BoxAction Action = BoxAction::Quit;
-    double Value = 0; // electrode, percent, bytes or seconds; within its range
+    double Value = 0;  // electrode, percent, bytes or seconds; within its range
 
     friend bool operator==(const BoxCommand&, const BoxCommand&) = default;
 };
 
 struct ScriptStep {
-    double Seconds = 0; // since the start
+    double Seconds = 0;  // since the start
     BoxCommand Command;
 
     friend bool operator==(const ScriptStep&, const ScriptStep&) = default;
@@ -37,4 +37,4 @@ Outcome<BoxCommand> ParseBoxCommand(std::string_view line);
 // The steps in the order of their times; those of one time in the order of their lines.
 Outcome<std::vector<ScriptStep>> ParseScript(std::string_view text);
 
-} // namespace ecg
+}  // namespace ecg

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 constexpr auto framePeriod = std::chrono::microseconds(1'000'000 / FramesPerSecond);
 constexpr auto mostCatchUp = 200ms;
-constexpr auto openCheckPeriod = 1ms; // nothing wakes a pseudo-terminal's owner when the far end is opened
+constexpr auto openCheckPeriod = 1ms;  // nothing wakes a pseudo-terminal's owner when the far end is opened
 
 std::chrono::steady_clock::duration Seconds(double seconds)
 {
@@ -27,7 +27,7 @@ void Signal(int eventHandle)
     eventfd_write(eventHandle, 1);
 }
 
-} // namespace
+}  // namespace
 
 BoxSimulator::BoxSimulator(BoxOptions options)
     : options_(std::move(options)),
@@ -41,7 +41,6 @@ BoxSimulator::BoxSimulator(BoxOptions options)
     amplifier_ = std::make_unique<Amplifier>(std::move(*source), options_.Key,
                                              [this](const std::string& text) { Report(text); });
     start_ = Clock::now();
-    silentUntil_ = start_;
     thread_ = std::thread([this] { Run(); });
 }
 
@@ -201,4 +200,4 @@ void BoxSimulator::Report(const std::string& text)
         options_.Report(std::chrono::duration<double>(Clock::now() - start_).count(), text);
 }
 
-} // namespace ecg
+}  // namespace ecg

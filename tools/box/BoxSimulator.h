@@ -23,9 +23,9 @@
 namespace ecg {
 
 struct BoxOptions {
-    std::filesystem::path Link{};   // where the far end of the line is linked
-    std::filesystem::path Source{}; // see `LoadFrameSource`
-    std::uint8_t Key = 0x5A;        // scrambles the stream
+    std::filesystem::path Link{};    // where the far end of the line is linked
+    std::filesystem::path Source{};  // see `LoadFrameSource`
+    std::uint8_t Key = 0x5A;         // scrambles the stream
     std::vector<ScriptStep> Script{};
 
     // Told each packet received and each command obeyed: seconds since the start and a line of text. Called on the
@@ -70,18 +70,18 @@ private:
     int wake_ = -1;
     int done_ = -1;
     std::mutex mutex_;
-    std::deque<BoxCommand> commands_; // guarded by mutex_
+    std::deque<BoxCommand> commands_;  // guarded by mutex_
 
     // The rest belongs to the thread.
     std::unique_ptr<Amplifier> amplifier_;
     PseudoTerminal line_;
     LineFaults faults_;
-    Clock::time_point start_ = Clock::now();
-    Clock::time_point silentUntil_ = start_;
-    std::optional<Clock::time_point> nextFrame_; // while it streams
+    Clock::time_point start_;
+    Clock::time_point silentUntil_;               // in the past: not silent
+    std::optional<Clock::time_point> nextFrame_;  // while it streams
     std::size_t nextStep_ = 0;
     bool quit_ = false;
     std::thread thread_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -22,7 +22,7 @@ std::size_t FindMagic(Bytes bytes, std::size_t from)
     return bytes.size();
 }
 
-} // namespace
+}  // namespace
 
 std::vector<ReceivedCommand> CommandReader::Receive(Bytes bytes)
 {
@@ -42,7 +42,7 @@ std::vector<ReceivedCommand> CommandReader::Receive(Bytes bytes)
             received.push_back({CommandPacket{packet[4], {packet[5], packet[6], packet[7]}}, {}});
         } else {
             received.push_back({std::nullopt, "a command packet with a wrong checksum"});
-            used = std::min(FindMagic(rest, magic.size()), CommandPacketSize); // it may have lost bytes
+            used = std::min(FindMagic(rest, magic.size()), CommandPacketSize);  // it may have lost bytes
         }
         rest = rest.subspan(used);
     }
@@ -55,4 +55,4 @@ std::uint8_t SumOfBytes(Bytes bytes)
     return static_cast<std::uint8_t>(std::accumulate(bytes.begin(), bytes.end(), 0U));
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -42,4 +42,4 @@ private:
 // Sum of all bytes, low 8 bits: the check byte of both directions.
 std::uint8_t SumOfBytes(std::span<const std::uint8_t> bytes);
 
-} // namespace ecg
+}  // namespace ecg

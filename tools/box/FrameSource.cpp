@@ -67,7 +67,7 @@ Outcome<FrameSource> LoadWfdb(const std::filesystem::path& path)
     return source;
 }
 
-} // namespace
+}  // namespace
 
 Outcome<FrameSource> LoadFrameSource(const std::filesystem::path& path)
 {
@@ -105,4 +105,4 @@ void CloseLoop(std::vector<Frame>& frames)
     frames.erase(frames.begin(), frames.begin() + static_cast<std::ptrdiff_t>(fadeFrames));
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -30,4 +30,4 @@ Outcome<FrameSource> LoadFrameSource(const std::filesystem::path& path);
 // that stay as they are.
 void CloseLoop(std::vector<Frame>& frames);
 
-} // namespace ecg
+}  // namespace ecg

@@ -6,7 +6,7 @@ namespace ecg {
 
 void LineFaults::SetDropPercent(double percent)
 {
-    constexpr double randomRange = 4294967296.0; // random_() is below this
+    constexpr double randomRange = 4294967296.0;  // random_() is below this
     dropBelow_ = static_cast<std::uint64_t>(std::clamp(percent, 0.0, 100.0) / 100 * randomRange);
 }
 
@@ -24,4 +24,4 @@ std::vector<std::uint8_t> LineFaults::Garbage(std::size_t count)
     return bytes;
 }
 
-} // namespace ecg
+}  // namespace ecg

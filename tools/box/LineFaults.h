@@ -23,7 +23,7 @@ private:
     static constexpr std::uint32_t seed = 20;
 
     std::mt19937 random_{seed};
-    std::uint64_t dropBelow_ = 0; // a byte is lost when its random number is below
+    std::uint64_t dropBelow_ = 0;  // a byte is lost when its random number is below
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -63,7 +63,7 @@ std::string PlaceLink(const std::filesystem::path& link, const std::filesystem::
     return error ? "cannot make the link " + link.string() + ": " + error.message() : std::string();
 }
 
-} // namespace
+}  // namespace
 
 std::string PseudoTerminal::Plug(const std::filesystem::path& link)
 {
@@ -91,7 +91,7 @@ void PseudoTerminal::Unplug()
     if (handle_ < 0)
         return;
     std::error_code error;
-    if (!link_.empty() && std::filesystem::read_symlink(link_, error) == farEnd_) // not one that replaced ours
+    if (!link_.empty() && std::filesystem::read_symlink(link_, error) == farEnd_)  // not one that replaced ours
         std::filesystem::remove(link_, error);
     close(handle_);
     handle_ = -1;
@@ -126,4 +126,4 @@ void PseudoTerminal::Write(std::span<const std::uint8_t> bytes)
         hadReader_ = false;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -43,4 +43,4 @@ private:
     std::filesystem::path farEnd_;
 };
 
-} // namespace ecg
+}  // namespace ecg

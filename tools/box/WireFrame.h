@@ -25,11 +25,9 @@ constexpr FrameFlags FrameFlag(int n)
 
 // What the box reports of its filters: the position of each setting in its own list, 0 = off.
 struct FilterStatus {
-    std::uint8_t Ac = 0;       // 1 50 Hz, 2 60 Hz
-    std::uint8_t Baseline = 0; // 0 3.3 s (off), 1 1.6 s, 2 0.8 s, 3 0.5 s, 4 0.3 s
-    std::uint8_t Muscle = 0;   // 1 26 Hz, 2 36 Hz, 3 45 Hz, 4 54 Hz, 5 60 Hz, 6 77 Hz
-
-    friend bool operator==(const FilterStatus&, const FilterStatus&) = default;
+    std::uint8_t Ac = 0;        // 1 50 Hz, 2 60 Hz
+    std::uint8_t Baseline = 0;  // 0 3.3 s (off), 1 1.6 s, 2 0.8 s, 3 0.5 s, 4 0.3 s
+    std::uint8_t Muscle = 0;    // 1 26 Hz, 2 36 Hz, 3 45 Hz, 4 54 Hz, 5 60 Hz, 6 77 Hz
 };
 
 // The flags of a status frame: 1 and 2 AC, 3 to 5 baseline, 6 to 8 muscle, lowest bit first.
@@ -52,4 +50,4 @@ constexpr WireFrame EncodeFrame(const Frame& frame, FrameType type, FrameFlags f
     return wire;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -1,8 +1,8 @@
 // ecg-box: an amplifier box in software. See README.md, or --help.
 #include "box/BoxSimulator.h"
 #include "wfdb/WholeFile.h"
+#include "wfdb/Words.h"
 
-#include <charconv>
 #include <csignal>
 #include <cstdio>
 #include <poll.h>
@@ -58,8 +58,9 @@ std::string ReadScript(const std::string& path, std::vector<ScriptStep>& script)
 
 std::string ReadKey(std::string_view text, std::uint8_t& key)
 {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), key);
-    return error == std::errc() && end == text.data() + text.size() ? "" : "--key takes a number from 0 to 255";
+    const auto number = ParseNumber<std::uint8_t>(text);
+    key = number.value_or(key);
+    return number ? "" : "--key takes a number from 0 to 255";
 }
 
 Arguments ParseArguments(std::span<char*> words)
@@ -144,7 +145,7 @@ void Serve(BoxSimulator& box, int signals)
                 std::fprintf(stderr, "ecg-box: %s\n", reason.c_str());
         });
         if (!more)
-            events[2].fd = -1; // the box goes on without an operator
+            events[2].fd = -1;  // the box goes on without an operator
     }
 }
 
@@ -175,8 +176,8 @@ int Main(std::span<char*> words)
     return 0;
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg
 
 int main(int argc, char** argv)
 {

@@ -14,7 +14,7 @@ namespace {
 
 // The preview shows 2396 counts at height 75 of about 100 and 20 counts a pixel, so that a millivolt is 55 pixels
 // high and the wave stands in the middle of the picture.
-constexpr int previewZero = 2396; // counts
+constexpr int previewZero = 2396;  // counts
 constexpr double previewCountsPerMillivolt = 1100;
 constexpr EcgOptions previewOptions{
     .Seconds = 8, .BeatsPerMinute = 75, .RateVariation = 0, .Breathing = 0, .NoiseMicrovolts = 0};
@@ -46,7 +46,7 @@ std::vector<std::byte> FileOf(const std::vector<Frame>& frames)
     return file;
 }
 
-} // namespace
+}  // namespace
 
 Frame ChestAgainstFoot(const Frame& wilson)
 {
@@ -71,7 +71,7 @@ std::vector<std::byte> FrankDemoFile()
 
 std::vector<std::byte> PreviewFile()
 {
-    constexpr double start = -0.3; // seconds; the preview's first column then stands before a P wave
+    constexpr double start = -0.3;  // seconds; the preview's first column then stands before a P wave
     const HeartModel heart(previewOptions);
     Frame quiet;
     quiet.fill(ZeroLevel);
@@ -85,7 +85,7 @@ std::vector<std::byte> PreviewFile()
 
 std::vector<std::filesystem::path> WriteDemoFiles(const std::filesystem::path& folder)
 {
-    std::error_code error; // a folder that cannot be made shows in the files that cannot be written
+    std::error_code error;  // a folder that cannot be made shows in the files that cannot be written
     std::filesystem::create_directories(folder, error);
     std::vector<std::filesystem::path> failed;
     const auto write = [&](const char* name, const std::vector<std::byte>& bytes) {
@@ -98,4 +98,4 @@ std::vector<std::filesystem::path> WriteDemoFiles(const std::filesystem::path& f
     return failed;
 }
 
-} // namespace ecg
+}  // namespace ecg

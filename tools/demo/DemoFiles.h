@@ -27,4 +27,4 @@ std::vector<std::byte> PreviewFile();
 // all is well.
 std::vector<std::filesystem::path> WriteDemoFiles(const std::filesystem::path& folder);
 
-} // namespace ecg
+}  // namespace ecg

@@ -11,7 +11,7 @@ double Within(double value, double lowest, double highest)
     return value >= lowest ? std::min(value, highest) : lowest;
 }
 
-} // namespace
+}  // namespace
 
 EcgOptions Limited(const EcgOptions& options)
 {
@@ -24,4 +24,4 @@ EcgOptions Limited(const EcgOptions& options)
     return limited;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -9,9 +9,9 @@ namespace ecg {
 namespace {
 
 struct Hump {
-    double Centre;     // seconds from R; for T at an RR interval of one second
-    double Width;      // standard deviation, seconds
-    double Millivolts; // summit
+    double Centre;      // seconds from R; for T at an RR interval of one second
+    double Width;       // standard deviation, seconds
+    double Millivolts;  // summit
 };
 
 struct Wave {
@@ -36,12 +36,12 @@ constexpr Wave pWave{pX, pY, pZ};
 constexpr Wave qrsWave{qrsX, qrsY, qrsZ};
 constexpr Wave tWave{tX, tY, tZ};
 
-constexpr double shareOfQrs = 1.0 / 50; // of the greatest length, where the wave begins and ends
+constexpr double shareOfQrs = 1.0 / 50;  // of the greatest length, where the wave begins and ends
 constexpr double shareOfPAndT = 1.0 / 20;
-constexpr std::size_t recoveryMemory = 8; // intervals whose mean sets the length of T: it follows the rate slowly
+constexpr std::size_t recoveryMemory = 8;  // intervals whose mean sets the length of T: it follows the rate slowly
 
-constexpr double breathTurn = 0.035;                  // radians in the frontal plane at breath 1
-constexpr Dipole breathBaseline{0.015, 0.020, 0.010}; // millivolts at breath 1
+constexpr double breathTurn = 0.035;                   // radians in the frontal plane at breath 1
+constexpr Dipole breathBaseline{0.015, 0.020, 0.010};  // millivolts at breath 1
 
 double Height(std::span<const Hump> humps, double seconds)
 {
@@ -101,7 +101,7 @@ std::vector<double> RecoveryStretch(const Rhythm& rhythm)
     return stretch;
 }
 
-} // namespace
+}  // namespace
 
 HeartModel::HeartModel(const EcgOptions& options)
     : breathing_(Limited(options).Breathing), rhythm_(options), recoveryStretch_(RecoveryStretch(rhythm_))
@@ -142,4 +142,4 @@ Dipole HeartModel::BeatAt(std::size_t beat, double secondsFromR) const
            DipoleOf(tWave, secondsFromR / recoveryStretch_[beat]);
 }
 
-} // namespace ecg
+}  // namespace ecg

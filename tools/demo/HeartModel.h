@@ -19,9 +19,9 @@ namespace ecg {
 
 // Millivolts along the axes of the Frank leads.
 struct Dipole {
-    double X = 0; // to the left
-    double Y = 0; // to the feet
-    double Z = 0; // to the back
+    double X = 0;  // to the left
+    double Y = 0;  // to the feet
+    double Z = 0;  // to the back
 };
 
 // The model's own truth of one beat, in seconds of the recording. A wave lasts while the length of its dipole is above
@@ -31,7 +31,7 @@ struct Beat {
     double POnset;
     double PEnd;
     double QrsOnset;
-    double R; // origin of the beat's clock, at the summit of QRS to 3 ms
+    double R;  // origin of the beat's clock, at the summit of QRS to 3 ms
     double QrsEnd;
     double TOnset;
     double TEnd;
@@ -54,8 +54,8 @@ private:
 
     double breathing_;
     Rhythm rhythm_;
-    std::vector<double> recoveryStretch_; // of T, by beat
+    std::vector<double> recoveryStretch_;  // of T, by beat
     std::vector<Beat> beats_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -36,7 +36,7 @@ std::vector<double> LowPass(const std::vector<double>& ring, double hertz)
     return smooth;
 }
 
-} // namespace
+}  // namespace
 
 std::vector<double> MuscleNoise(std::size_t count, double rmsMicrovolts, std::uint32_t seed)
 {
@@ -60,4 +60,4 @@ std::vector<double> MuscleNoise(std::size_t count, double rmsMicrovolts, std::ui
     return noise;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -11,4 +11,4 @@ namespace ecg {
 // the beginning. All zero for a count below 2.
 std::vector<double> MuscleNoise(std::size_t count, double rmsMicrovolts, std::uint32_t seed);
 
-} // namespace ecg
+}  // namespace ecg

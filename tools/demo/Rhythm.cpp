@@ -11,22 +11,22 @@ namespace {
 constexpr double twoPi = 2 * std::numbers::pi;
 constexpr double pressureHz = 0.1;
 constexpr double pressureSpreadHz = 0.015;
-constexpr double pressureLowestHz = 0.04; // the borders of the band that is reported as low frequency
+constexpr double pressureLowestHz = 0.04;  // the borders of the band that is reported as low frequency
 constexpr double pressureHighestHz = 0.15;
 constexpr double breathHz = 0.25;
-constexpr double restFraction = 0.6; // of an interval from an R wave to the period's end: between T and the next P
+constexpr double restFraction = 0.6;  // of an interval from an R wave to the period's end: between T and the next P
 
 double RandomPhase(std::mt19937& random)
 {
     return twoPi * static_cast<double>(random()) / (static_cast<double>(std::mt19937::max()) + 1);
 }
 
-} // namespace
+}  // namespace
 
 Rhythm::Rhythm(const EcgOptions& options) : period_(Limited(options).Seconds)
 {
     const EcgOptions limited = Limited(options);
-    const double bandRms = limited.RateVariation / std::numbers::sqrt2; // both bands alike, as at quiet rest
+    const double bandRms = limited.RateVariation / std::numbers::sqrt2;  // both bands alike, as at quiet rest
     breath_ = MakeBreath(limited);
     Band breathInRate = breath_;
     ScaleToRms(breathInRate, bandRms);
@@ -121,4 +121,4 @@ void Rhythm::ScaleToRms(Band& band, double rms)
         line.Amplitude *= rms / std::sqrt(squares);
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -18,7 +18,7 @@ class Rhythm {
 public:
     explicit Rhythm(const EcgOptions& options);
 
-    double Period() const { return period_; } // seconds until everything repeats
+    double Period() const { return period_; }  // seconds until everything repeats
 
     // Times of the R waves within one period, seconds, rising. At least one. The period ends in the rest between
     // two beats, never within one.
@@ -29,9 +29,9 @@ public:
 
 private:
     struct Line {
-        double Frequency; // Hz, a whole number of cycles a period
+        double Frequency;  // Hz, a whole number of cycles a period
         double Amplitude;
-        double Phase; // radians at time 0
+        double Phase;  // radians at time 0
     };
     using Band = std::vector<Line>;
 
@@ -45,10 +45,10 @@ private:
     static void ScaleToRms(Band& band, double rms);
 
     double period_;
-    double meanRate_ = 0; // beats a second
-    Band breath_;         // of depth 1
-    Band rateChange_;     // both bands, relative to the mean rate
+    double meanRate_ = 0;  // beats a second
+    Band breath_;          // of depth 1
+    Band rateChange_;      // both bands, relative to the mean rate
     std::vector<double> beats_;
 };
 
-} // namespace ecg
+}  // namespace ecg

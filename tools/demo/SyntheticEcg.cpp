@@ -1,10 +1,8 @@
 #include "demo/SyntheticEcg.h"
 
-#include "core/Numbers.h"
+#include "AmplifierScale.h"
 #include "demo/MuscleNoise.h"
 #include "demo/TwelveLeads.h"
-
-#include <algorithm>
 
 namespace ecg {
 namespace {
@@ -17,13 +15,7 @@ double FrameTime(std::size_t frame)
     return static_cast<double>(frame) / FramesPerSecond;
 }
 
-} // namespace
-
-std::int16_t WordOfMillivolts(double millivolts)
-{
-    const double counts = RoundHalfEven(ZeroLevel + millivolts * CountsPerMillivolt);
-    return static_cast<std::int16_t>(std::clamp(counts, 0.0, static_cast<double>(SampleMask)));
-}
+}  // namespace
 
 std::vector<Frame> SyntheticEcg::WilsonFrames() const
 {
@@ -68,4 +60,4 @@ std::vector<std::vector<double>> SyntheticEcg::ChannelNoise(std::size_t channels
     return noise;
 }
 
-} // namespace ecg
+}  // namespace ecg

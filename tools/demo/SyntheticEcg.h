@@ -14,11 +14,6 @@
 
 namespace ecg {
 
-inline constexpr double CountsPerMillivolt = 2048 / 6.62; // of the amplifier
-
-// The 12-bit word of a voltage; what is beyond the amplifier's range stands at its end.
-std::int16_t WordOfMillivolts(double millivolts);
-
 class SyntheticEcg {
 public:
     explicit SyntheticEcg(const EcgOptions& options) : options_(Limited(options)), heart_(options) {}
@@ -30,7 +25,7 @@ public:
     std::vector<Frame> FrankFrames() const;
 
     const HeartModel& Heart() const& { return heart_; }
-    const HeartModel& Heart() && = delete; // it would be gone before its beats are read
+    const HeartModel& Heart() && = delete;  // it would be gone before its beats are read
 
 private:
     std::size_t FrameCount() const;
@@ -40,4 +35,4 @@ private:
     HeartModel heart_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -19,7 +19,7 @@ double Project(const Dipole& dipole, const Dipole& lead)
     return dipole.X * lead.X + dipole.Y * lead.Y + dipole.Z * lead.Z;
 }
 
-} // namespace
+}  // namespace
 
 WilsonLeads WilsonFromFrank(const Dipole& dipole)
 {
@@ -31,4 +31,4 @@ WilsonLeads WilsonFromFrank(const Dipole& dipole)
     return leads;
 }
 
-} // namespace ecg
+}  // namespace ecg

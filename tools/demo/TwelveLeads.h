@@ -11,10 +11,10 @@ namespace ecg {
 struct WilsonLeads {
     double II = 0;
     double III = 0;
-    std::array<double, 6> V{}; // V1 to V6, against the mean of the three limb electrodes
+    std::array<double, 6> V{};  // V1 to V6, against the mean of the three limb electrodes
 };
 
 // By the matrix of Dower, Machado and Osborne (1980). III is II less I.
 WilsonLeads WilsonFromFrank(const Dipole& dipole);
 
-} // namespace ecg
+}  // namespace ecg

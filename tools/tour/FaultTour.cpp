@@ -16,7 +16,7 @@ constexpr int garbagePeriodS = 15;
 constexpr int silencePeriodS = 70;
 constexpr int unplugs = 3;
 constexpr int unpluggedS = 4;
-constexpr int quietS = 30; // before and after the faults
+constexpr int quietS = 30;  // before and after the faults
 constexpr int alikePixels = 8;
 constexpr long flatMemoryKb = 8192;
 
@@ -99,7 +99,7 @@ void CheckWellAgain(TourDriver& tour, const QWidget& window, int rateBefore)
                QString("the rate is %1 bpm, before it was %2").arg(rate).arg(rateBefore));
 }
 
-} // namespace
+}  // namespace
 
 void TourWithFaults(TourDriver& tour, const std::filesystem::path& program, int minutes)
 {
@@ -132,4 +132,4 @@ void TourWithFaults(TourDriver& tour, const std::filesystem::path& program, int 
     PlayExit(tour, workstation);
 }
 
-} // namespace ecg
+}  // namespace ecg

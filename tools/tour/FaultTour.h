@@ -11,4 +11,4 @@ namespace ecg {
 // times; then the line gets well, and the trace must be what it was before. `minutes` is at least 2.
 void TourWithFaults(TourDriver& tour, const std::filesystem::path& program, int minutes);
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,9 +12,11 @@
 namespace ecg {
 namespace {
 
-constexpr int recoveryMs = 2600;  // of a lead recovery, with some grace
-constexpr int reconnectMs = 6000; // until a box that is back has been taken up again
-constexpr int rateMs = 8000;      // until the detector knows a rate
+constexpr int recoveryMs = 2600;   // of a lead recovery, with some grace
+constexpr int reconnectMs = 6000;  // until a box that is back has been taken up again
+constexpr int quickMs = 15000;     // the rest of a quick examination, with some grace
+constexpr std::uintmax_t quickBytes = 164784;
+constexpr int rateMs = 8000;  // until the detector knows a rate
 
 void PlaySpeedsAndGains(TourDriver& tour, QWidget& window)
 {
@@ -86,6 +88,28 @@ void PlayUnplug(TourDriver& tour, QWidget& window, BoxSimulator& box)
     tour.Check(tour.WaitUntil([&] { return ShownRate(tour, window) > 0; }, rateMs), "beats are found again");
 }
 
+// Twenty seconds of the patient nobody has named, from the key to the file.
+void PlayQuickExamination(TourDriver& tour, Workstation& workstation)
+{
+    frmMain& window = workstation.MainWindow();
+    const auto sample = [&] {
+        tour.Click(window, "KeyPic_17");
+        tour.Wait(10000);
+        tour.Picture(window, "sampling");
+        tour.WaitUntil([] { return QApplication::activeModalWidget() != nullptr; }, quickMs);
+    };
+    tour.InWindow("frmMsg", sample, [&](QWidget& message) {
+        tour.Picture(message, "sampling-finished");
+        tour.Click(message, "Command1_0");
+    });
+    const SharedState& state = workstation.State();
+    std::error_code error;
+    tour.Check(std::filesystem::file_size(state.Folders.File(state.RecordPath), error) == quickBytes,
+               QString("the record holds 20 seconds: ") + QString::fromStdString(state.RecordPath));
+    tour.Wait(1000);
+    tour.Picture(window, "after-the-examination");
+}
+
 void PlayMessage(TourDriver& tour, Workstation& workstation, const QString& language)
 {
     SharedState& state = workstation.State();
@@ -119,7 +143,7 @@ void PlaySettings(TourDriver& tour, QWidget& window, const QString& language)
     });
 }
 
-} // namespace
+}  // namespace
 
 void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
 {
@@ -141,6 +165,7 @@ void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
     PlayFreeze(tour, window);
     PlayElectrode(tour, window, box);
     PlayUnplug(tour, window, box);
+    PlayQuickExamination(tour, workstation);
     PlayMessage(tour, workstation, "zh");
     PlaySettings(tour, window, "zh");
     PlayExit(tour, workstation);
@@ -181,4 +206,4 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     PlayExit(tour, workstation);
 }
 
-} // namespace ecg
+}  // namespace ecg

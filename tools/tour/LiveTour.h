@@ -14,4 +14,4 @@ void TourWithBox(TourDriver& tour, const std::filesystem::path& program);
 // A workstation without a box: the demonstration, the same windows in English, exit.
 void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program);
 
-} // namespace ecg
+}  // namespace ecg

@@ -46,4 +46,4 @@ void PlayExit(TourDriver& tour, Workstation& workstation)
     tour.Check(std::filesystem::exists(workstation.State().SettingsFile()), "the settings are on the disk");
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -6,7 +6,7 @@
 
 namespace ecg {
 
-inline constexpr int SweepMs = 8600; // of the trace at 25 mm/s and the design size
+inline constexpr int SweepMs = 8600;  // of the trace at 25 mm/s and the design size
 
 // Plays the doctor's name and the splash, and shows the main window.
 void PlayStart(TourDriver& tour, Workstation& workstation);
@@ -20,4 +20,4 @@ int ShownRate(TourDriver& tour, const QWidget& window);
 // The trace as it stands on the screen.
 QImage Trace(TourDriver& tour, const QWidget& window);
 
-} // namespace ecg
+}  // namespace ecg

@@ -15,7 +15,7 @@ namespace ecg {
 namespace {
 
 constexpr int pollMs = 20;
-constexpr int settleMs = 150; // for a window to paint
+constexpr int settleMs = 150;  // for a window to paint
 
 void Print(const char* kind, const QString& text)
 {
@@ -23,7 +23,7 @@ void Print(const char* kind, const QString& text)
     std::fflush(stdout);
 }
 
-} // namespace
+}  // namespace
 
 TourDriver::TourDriver(std::filesystem::path folder) : folder_(std::move(folder))
 {
@@ -98,4 +98,4 @@ void TourDriver::Fail(const QString& why)
     std::exit(EXIT_FAILURE);
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -53,4 +53,4 @@ private:
     int failures_ = 0;
 };
 
-} // namespace ecg
+}  // namespace ecg

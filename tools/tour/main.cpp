@@ -33,7 +33,7 @@ int FaultMinutes(int argc, char* argv[])
     return argc == 4 && std::strcmp(argv[2], "--faults") == 0 ? std::atoi(argv[3]) : 0;
 }
 
-} // namespace
+}  // namespace
 
 int main(int argc, char* argv[])
 {

@@ -6,9 +6,9 @@
 namespace ecg {
 namespace {
 
-constexpr int skipCode = 59;      // a 32-bit interval follows, high word first
-constexpr int firstModifier = 60; // NUM, SUB, CHN: belong to the annotation before them
-constexpr int auxCode = 63;       // as many bytes of text follow as its interval says, padded to an even count
+constexpr int skipCode = 59;       // a 32-bit interval follows, high word first
+constexpr int firstModifier = 60;  // NUM, SUB, CHN: belong to the annotation before them
+constexpr int auxCode = 63;        // as many bytes of text follow as its interval says, padded to an even count
 constexpr int intervalBits = 10;
 constexpr std::uint16_t intervalMask = (1 << intervalBits) - 1;
 
@@ -32,7 +32,7 @@ private:
     std::span<const std::byte> bytes_;
 };
 
-} // namespace
+}  // namespace
 
 std::vector<Annotation> ParseAnnotations(std::span<const std::byte> bytes)
 {
@@ -67,4 +67,4 @@ bool IsBeat(int code)
     return (code >= 1 && code <= 13) || std::ranges::find(otherBeats, code) != otherBeats.end();
 }
 
-} // namespace ecg
+}  // namespace ecg

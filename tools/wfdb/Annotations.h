@@ -12,8 +12,8 @@
 namespace ecg {
 
 struct Annotation {
-    std::int64_t Sample = 0; // counted from the first sample of the recording
-    int Code = 0;            // 1 to 49
+    std::int64_t Sample = 0;  // counted from the first sample of the recording
+    int Code = 0;             // 1 to 49
 };
 
 // All annotations of `bytes` in their order, as far as they are whole. Any bytes are safe.
@@ -22,4 +22,4 @@ std::vector<Annotation> ParseAnnotations(std::span<const std::byte> bytes);
 // Whether an annotation code stands for a heart beat (and not for a rhythm change or a remark).
 bool IsBeat(int code);
 
-} // namespace ecg
+}  // namespace ecg

@@ -1,31 +1,19 @@
 #include "wfdb/Header.h"
 
-#include <algorithm>
-#include <charconv>
+#include "wfdb/Words.h"
+
 #include <cmath>
-#include <optional>
 
 namespace ecg {
 namespace {
 
-constexpr double defaultGain = 200; // what the format says for a gain of 0 or none
+constexpr double defaultGain = 200;  // what the format says for a gain of 0 or none
 constexpr double largestGain = 1e9;
 constexpr double smallestGain = 1e-6;
-constexpr double smallestRate = 1; // samples a second
+constexpr double smallestRate = 1;  // samples a second
 constexpr double largestRate = 100000;
 constexpr std::size_t mostSignals = 64;
 constexpr std::int64_t mostSamples = std::int64_t{1} << 40;
-
-// The whole of `text` as a number, or nothing.
-template <class Number>
-std::optional<Number> ParseNumber(std::string_view text)
-{
-    Number number{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size())
-        return std::nullopt;
-    return number;
-}
 
 std::string_view Trim(std::string_view text)
 {
@@ -36,26 +24,7 @@ std::string_view Trim(std::string_view text)
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-// Takes the next blank-separated word off the front of `line`; empty when there is none.
-std::string_view TakeWord(std::string_view& line)
-{
-    line = Trim(line);
-    const std::size_t end = std::min(line.find_first_of(" \t"), line.size());
-    const std::string_view word = line.substr(0, end);
-    line.remove_prefix(end);
-    return word;
-}
-
-// Takes what stands before the first `mark` off the front of `text`, and the mark itself.
-std::string_view TakeUntil(std::string_view& text, char mark)
-{
-    const std::size_t end = std::min(text.find(mark), text.size());
-    const std::string_view before = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
-    return before;
-}
-
-using Reason = std::string; // empty = all is well
+using Reason = std::string;  // empty = all is well
 
 Reason ParseRecordLine(std::string_view line, WfdbHeader& header, std::size_t& signalCount)
 {
@@ -72,7 +41,7 @@ Reason ParseRecordLine(std::string_view line, WfdbHeader& header, std::size_t& s
     std::string_view rateWord = TakeWord(line);
     if (rateWord.empty())
         return {};
-    const auto rate = ParseNumber<double>(TakeUntil(rateWord, '/')); // a counter frequency may follow
+    const auto rate = ParseNumber<double>(TakeUntil(rateWord, '/'));  // a counter frequency may follow
     if (!rate || !(*rate >= smallestRate && *rate <= largestRate))
         return "the sampling rate must be 1 to 100000 samples a second";
     header.Rate = *rate;
@@ -149,7 +118,7 @@ Reason ParseSignalLine(std::string_view line, WfdbSignal& signal)
         if (Reason reason = ParseGain(gainWord, signal, hasBaseline); !reason.empty())
             return reason;
 
-    TakeWord(line); // resolution in bits: the format tells enough
+    TakeWord(line);  // resolution in bits: the format tells enough
     const std::string_view zeroWord = TakeWord(line);
     const auto zero = ParseNumber<int>(zeroWord);
     if (!zeroWord.empty() && !zero)
@@ -157,14 +126,14 @@ Reason ParseSignalLine(std::string_view line, WfdbSignal& signal)
     if (!hasBaseline)
         signal.Baseline = zero.value_or(0);
 
-    constexpr int skippedWords = 3; // first value, checksum, block size
+    constexpr int skippedWords = 3;  // first value, checksum, block size
     for (int i = 0; i < skippedWords; ++i)
         TakeWord(line);
     signal.Name = Trim(line);
     return {};
 }
 
-} // namespace
+}  // namespace
 
 Outcome<WfdbHeader> ParseWfdbHeader(std::string_view text)
 {
@@ -195,4 +164,4 @@ Outcome<WfdbHeader> ParseWfdbHeader(std::string_view text)
     return header;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -19,29 +19,29 @@ namespace ecg {
 
 // How samples lie in a signal file.
 enum class WfdbFormat {
-    Packed12 = 212, // two 12-bit samples in three bytes
-    Integer16 = 16, // 16 bits, little endian
+    Packed12 = 212,  // two 12-bit samples in three bytes
+    Integer16 = 16,  // 16 bits, little endian
 };
 
 struct WfdbSignal {
-    std::string File; // a plain name in the folder of the header
+    std::string File;  // a plain name in the folder of the header
     WfdbFormat Format = WfdbFormat::Integer16;
-    std::int64_t ByteOffset = 0; // where the samples begin in the file
-    double Gain = 200;           // sample units per `Units`, never 0
-    double Baseline = 0;         // the sample value of 0 `Units`
+    std::int64_t ByteOffset = 0;  // where the samples begin in the file
+    double Gain = 200;            // sample units per `Units`, never 0
+    double Baseline = 0;          // the sample value of 0 `Units`
     std::string Units = "mV";
-    std::string Name; // description, mostly the lead
+    std::string Name;  // description, mostly the lead
 };
 
 struct WfdbHeader {
     std::string Name;
-    double Rate = 250;        // samples a second of each signal
-    std::int64_t Samples = 0; // samples of each signal; 0 = not told, the files decide
+    double Rate = 250;         // samples a second of each signal
+    std::int64_t Samples = 0;  // samples of each signal; 0 = not told, the files decide
     std::vector<WfdbSignal> Signals;
-    std::vector<std::string> Comments; // without the leading "#"
+    std::vector<std::string> Comments;  // without the leading "#"
 };
 
 // Reads the text of a header. Any text is safe.
 Outcome<WfdbHeader> ParseWfdbHeader(std::string_view text);
 
-} // namespace ecg
+}  // namespace ecg

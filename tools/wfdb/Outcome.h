@@ -31,4 +31,4 @@ private:
     std::string reason_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -34,7 +34,7 @@ public:
         const auto size = static_cast<std::int64_t>(bytes_.size());
         if (format_ == WfdbFormat::Integer16)
             return size / 2;
-        return size / 3 * 2 + (size % 3 == 2 ? 1 : 0); // two bytes are enough for the first of a pair
+        return size / 3 * 2 + (size % 3 == 2 ? 1 : 0);  // two bytes are enough for the first of a pair
     }
 
     std::optional<int> At(std::int64_t index) const
@@ -86,7 +86,7 @@ Outcome<SignalPlace> LocateSignal(const WfdbHeader& header, std::size_t signal, 
 
     std::int64_t first = 0;
     std::int64_t stride = 0;
-    std::int64_t offset = 0; // may stand with one signal of the file only
+    std::int64_t offset = 0;  // may stand with one signal of the file only
     for (std::size_t i = 0; i < header.Signals.size(); ++i) {
         const WfdbSignal& other = header.Signals[i];
         if (other.File != wanted.File)
@@ -127,7 +127,7 @@ std::vector<double> ReadMillivolts(const WfdbSignal& signal, const SignalPlace& 
     return values;
 }
 
-} // namespace
+}  // namespace
 
 const RecordedSignal* Recording::Find(std::string_view name) const
 {
@@ -187,4 +187,4 @@ Outcome<Recording> LoadRecording(const std::filesystem::path& headerPath)
     return recording ? std::move(recording) : Result::Failure(headerPath.string() + ": " + recording.Reason());
 }
 
-} // namespace ecg
+}  // namespace ecg

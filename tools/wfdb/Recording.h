@@ -19,8 +19,8 @@ struct RecordedSignal {
 
 struct Recording {
     std::string Name;
-    double Rate = 0;                     // samples a second
-    std::vector<RecordedSignal> Signals; // all of one length, at least one sample
+    double Rate = 0;                      // samples a second
+    std::vector<RecordedSignal> Signals;  // all of one length, at least one sample
     std::vector<std::string> Comments;
 
     std::size_t Length() const { return Signals.empty() ? 0 : Signals.front().Millivolts.size(); }
@@ -46,4 +46,4 @@ Outcome<Recording> DecodeRecording(const WfdbHeader& header, std::span<const Wfd
 // Reads a header and the files it names, which lie beside it.
 Outcome<Recording> LoadRecording(const std::filesystem::path& headerPath);
 
-} // namespace ecg
+}  // namespace ecg

@@ -1,6 +1,6 @@
 #include "wfdb/RecordingFrames.h"
 
-#include "core/Numbers.h"
+#include "AmplifierScale.h"
 #include "wfdb/Resample.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 namespace ecg {
 namespace {
 
-using Lead = std::vector<double>; // millivolts at the recording's rate; empty = the recording lacks it
+using Lead = std::vector<double>;  // millivolts at the recording's rate; empty = the recording lacks it
 
 Lead FindLead(const Recording& recording, std::initializer_list<std::string_view> names)
 {
@@ -32,12 +32,6 @@ Lead Combine(const Lead& a, const Lead& b, Operation operation)
     return result;
 }
 
-std::int16_t Counts(double millivolts)
-{
-    const double counts = RoundHalfEven(ZeroLevel + millivolts * FrameCountsPerMv);
-    return static_cast<std::int16_t>(std::clamp<double>(counts, 0, SampleMask));
-}
-
 // Lengthens `frames` to what a lead at `rate` fills.
 void MakeRoom(std::vector<Frame>& frames, std::size_t count, const Frame& empty)
 {
@@ -52,7 +46,7 @@ Frame ZeroSignal()
     return frame;
 }
 
-} // namespace
+}  // namespace
 
 std::vector<Frame> WilsonFrames(const Recording& recording)
 {
@@ -73,7 +67,7 @@ std::vector<Frame> WilsonFrames(const Recording& recording)
         const Lead lead = Resample(leads[channel], recording.Rate, FramesPerSecond);
         MakeRoom(frames, lead.size(), ZeroSignal());
         for (std::size_t i = 0; i < lead.size(); ++i)
-            frames[i][channel] = Counts(lead[i]);
+            frames[i][channel] = WordOfMillivolts(lead[i]);
     }
     return frames;
 }
@@ -81,7 +75,7 @@ std::vector<Frame> WilsonFrames(const Recording& recording)
 std::vector<Frame> FrankFrames(const Recording& recording)
 {
     constexpr std::size_t axes = 3;
-    constexpr int samplesPerFrame = 2; // a frame holds two moments 1 ms apart
+    constexpr int samplesPerFrame = 2;  // a frame holds two moments 1 ms apart
     const std::array<Lead, axes> leads{FindLead(recording, {"vx", "x"}), FindLead(recording, {"vy", "y"}),
                                        FindLead(recording, {"vz", "z"})};
     if (std::ranges::any_of(leads, &Lead::empty))
@@ -91,11 +85,11 @@ std::vector<Frame> FrankFrames(const Recording& recording)
         const Lead lead = Resample(leads[axis], recording.Rate, samplesPerFrame * FramesPerSecond);
         MakeRoom(frames, lead.size() / samplesPerFrame, Frame{});
         for (std::size_t i = 0; i < frames.size(); ++i) {
-            frames[i][axis] = Counts(lead[samplesPerFrame * i]);
-            frames[i][axes + axis] = Counts(lead[samplesPerFrame * i + 1]);
+            frames[i][axis] = WordOfMillivolts(lead[samplesPerFrame * i]);
+            frames[i][axes + axis] = WordOfMillivolts(lead[samplesPerFrame * i + 1]);
         }
     }
     return frames;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -8,8 +8,6 @@
 
 namespace ecg {
 
-inline constexpr double FrameCountsPerMv = ZeroLevel / 6.62;
-
 // Lead II, III, V1 to V6 in channels 0 to 7; no frames when the recording has none of them.
 //
 // Leads are found by name, in either case. "MLII" of an ambulatory recording stands for II. Of I, II and III two are
@@ -21,4 +19,4 @@ std::vector<Frame> WilsonFrames(const Recording& recording);
 // recording has all of vx, vy, vz (or x, y, z).
 std::vector<Frame> FrankFrames(const Recording& recording);
 
-} // namespace ecg
+}  // namespace ecg

@@ -13,7 +13,7 @@ namespace {
 // is, the window's shape how deep the stop band: 80 dB here, with the transition between 0.42 and 0.5 of the rate.
 constexpr int reach = 32;
 constexpr double windowShape = 7.86;
-constexpr double cutOff = 0.461; // cycles a sample, the middle of the transition
+constexpr double cutOff = 0.461;  // cycles a sample, the middle of the transition
 constexpr int stepsPerSample = 512;
 
 class Kernel {
@@ -48,7 +48,7 @@ private:
     std::array<double, reach * stepsPerSample + 1> table_;
 };
 
-} // namespace
+}  // namespace
 
 std::vector<double> Resample(std::span<const double> signal, double rateIn, double rateOut)
 {
@@ -56,7 +56,7 @@ std::vector<double> Resample(std::span<const double> signal, double rateIn, doub
         return {signal.begin(), signal.end()};
     static const Kernel kernel;
     const double ratio = rateIn / rateOut;
-    const double kernelScale = std::min(1.0, rateOut / rateIn); // the filter widens when samples get fewer
+    const double kernelScale = std::min(1.0, rateOut / rateIn);  // the filter widens when samples get fewer
     const double inputReach = reach / kernelScale;
     const auto last = static_cast<std::int64_t>(signal.size()) - 1;
 
@@ -77,4 +77,4 @@ std::vector<double> Resample(std::span<const double> signal, double rateIn, doub
     return result;
 }
 
-} // namespace ecg
+}  // namespace ecg

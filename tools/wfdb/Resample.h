@@ -16,4 +16,4 @@ namespace ecg {
 // and holds what lies above 0.5 r (aliases or images) under 0.02 %; a constant stays what it is.
 std::vector<double> Resample(std::span<const double> signal, double rateIn, double rateOut);
 
-} // namespace ecg
+}  // namespace ecg

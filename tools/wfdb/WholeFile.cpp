@@ -20,4 +20,4 @@ Outcome<std::vector<std::byte>> ReadWholeFile(const std::filesystem::path& path,
     return bytes;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -20,4 +20,4 @@ inline std::string_view AsText(const std::vector<std::byte>& bytes)
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -9,10 +9,10 @@
 namespace ecg {
 namespace {
 
-constexpr int repaintMs = 16;   // one frame of a screen
-constexpr int captionLine = 16; // pixels
+constexpr int repaintMs = 16;    // one frame of a screen
+constexpr int captionLine = 16;  // pixels
 
-} // namespace
+}  // namespace
 
 void LeadCaption::mousePressEvent(QMouseEvent* event)
 {
@@ -118,4 +118,4 @@ void TraceArea::Renew()
     update();
 }
 
-} // namespace ecg
+}  // namespace ecg

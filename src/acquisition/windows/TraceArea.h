@@ -50,12 +50,12 @@ private:
     void Renew();
 
     const Pictures& pictures_;
-    std::unique_ptr<ImageSurface> picture2_; // the grid
-    std::unique_ptr<ImageSurface> picture4_; // the trace
+    std::unique_ptr<ImageSurface> picture2_;  // the grid
+    std::unique_ptr<ImageSurface> picture4_;  // the trace
     std::array<LeadCaption*, LeadCount> leadDisp_{};
     std::array<LeadCaption*, 3> vcgLeadDisp_{};
     QRegion changed_;
     QTimer repaint_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -18,7 +18,6 @@ namespace {
 // does not matter; a finer one would only wake the machine more often.
 constexpr std::array<int, 7> timerMs{0, 1000, 200, 10, 200, 1000, 50};
 
-constexpr Twin programTitle{"心电工作站", "ECG Workstation"};
 constexpr Twin recoveryNotice{"电极已连接\n基线恢复中…", "Electrode back\nrecovering …"};
 constexpr Twin demoNotice{"未找到采集盒\n当前为演示波形", "No amplifier box\ndemonstration only"};
 constexpr Twin lostNotice{"采集盒连接中断\n正在重新连接…", "Amplifier box lost\nreconnecting …"};
@@ -38,7 +37,7 @@ QString TimeText(const CalendarTime& now)
                                   FormatZeros(now.Second, 2));
 }
 
-} // namespace
+}  // namespace
 
 frmMain::frmMain(const SharedState& state, const Pictures& pictures, Clock& clock)
     : state_(state),
@@ -100,11 +99,15 @@ void frmMain::MakeTimers()
         if (monitor_ != nullptr)
             monitor_->OnSecond();
     });
-    connect(timer_[2], &QTimer::timeout, this, [this] { monitor_->OnHeartLightTick(); });
+    connect(timer_[2], &QTimer::timeout, this, [this] {
+        if (monitor_ != nullptr)
+            monitor_->OnHeartLightTick();
+    });
     connect(timer_[3], &QTimer::timeout, this, [this] { monitor_->OnDemoTick(); });
     connect(timer_[4], &QTimer::timeout, this, [this] { MoveTicker(); });
     connect(timer_[6], &QTimer::timeout, this, [this] { monitor_->OnRecoveryTick(); });
     timer_[1]->start();
+    timer_[2]->start();
     ShowClock();
 }
 
@@ -114,7 +117,7 @@ void frmMain::EnableTimer(MainTimer timer, bool enabled)
     if (!enabled)
         own.stop();
     else if (timer == MainTimer::HeartLight || !own.isActive())
-        own.start(); // a beat begins the light's time anew; a running tick keeps its rhythm
+        own.start();  // a beat begins the light's time anew; a running tick keeps its rhythm
 }
 
 void frmMain::MoveLeadCaption(LeadSystem system, std::size_t lead, int x, int y)
@@ -148,7 +151,7 @@ void frmMain::ShowTexts()
 {
     const bool chinese = state_.Chinese();
     const auto set = [chinese](QLabel* label, Twin text) { label->setText(text.In(chinese)); };
-    setWindowTitle(programTitle.In(chinese));
+    setWindowTitle(labels::Program.In(chinese));
     set(label3_[20], {"功能", "Function"});
     set(label3_[1], {"控制", "Control"});
     set(label3_[0], {"常用", "Normal"});
@@ -312,6 +315,11 @@ void frmMain::ShowBusy(bool busy)
         QGuiApplication::restoreOverrideCursor();
 }
 
+void frmMain::RunSoon(std::function<void()> task)
+{
+    QTimer::singleShot(0, this, std::move(task));
+}
+
 void frmMain::CloseWindow()
 {
     closing_ = true;
@@ -368,4 +376,4 @@ void frmMain::FollowFocus()
         monitor_->LeaveFront();
 }
 
-} // namespace ecg
+}  // namespace ecg

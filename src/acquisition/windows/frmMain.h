@@ -55,6 +55,7 @@ public:
     void ShowLamp(Lamp lamp, bool lit) override;
     void ShowSampledTime(LeadSystem system, const std::string& text) override;
     void ShowBusy(bool busy) override;
+    void RunSoon(std::function<void()> task) override;
     void CloseWindow() override;
 
 protected:
@@ -88,28 +89,28 @@ private:
     Clock& clock_;
     LiveMonitor* monitor_ = nullptr;
     KeyPanel* keys_ = nullptr;
-    bool front_ = false; // this window, not another of the system, has the user
+    bool front_ = false;  // this window, not another of the system, has the user
     bool closing_ = false;
 
-    TraceArea* picture4_;                 // the trace
-    std::map<int, PictureKey*> keyPic_;   // by key number
-    std::map<int, PictureBox*> image1_;   // lamps on keys, by their number
-    std::map<int, PictureBox*> image3_;   // 0 clock, 3 heart, 4 electrodes
-    std::map<int, QLabel*> label3_;       // 0, 1, 2, 20 group headings; 3, 6 times; 8 heart rate; 9 to 18 electrodes
-    std::map<int, QLabel*> label4_;       // 0 date, 1 weekday, 2 time, 3 name, 4 number, 5 heart lead
-    std::map<int, QLabel*> label5_;       // states of the AC, baseline and muscle filter
-    std::map<int, QLabel*> filterPrefix_; // the words before them
-    std::map<int, QLabel*> heading_;      // of the selectors
-    std::array<QComboBox*, 6> combo1_{};  // lead system, gain, speed, AC, baseline, muscle filter
-    QLabel* image2_;                      // title: state of the examination
-    QLabel* label1_;                      // ticker
-    QWidget* picture1_;                   // heart light
-    QWidget* picture5_ = nullptr;         // notice: lead recovery
-    QWidget* picture6_ = nullptr;         // notice: no box
+    TraceArea* picture4_;                  // the trace
+    std::map<int, PictureKey*> keyPic_;    // by key number
+    std::map<int, PictureBox*> image1_;    // lamps on keys, by their number
+    std::map<int, PictureBox*> image3_;    // 0 clock, 3 heart, 4 electrodes
+    std::map<int, QLabel*> label3_;        // 0, 1, 2, 20 group headings; 3, 6 times; 8 heart rate; 9 to 18 electrodes
+    std::map<int, QLabel*> label4_;        // 0 date, 1 weekday, 2 time, 3 name, 4 number, 5 heart lead
+    std::map<int, QLabel*> label5_;        // states of the AC, baseline and muscle filter
+    std::map<int, QLabel*> filterPrefix_;  // the words before them
+    std::map<int, QLabel*> heading_;       // of the selectors
+    std::array<QComboBox*, 6> combo1_{};   // lead system, gain, speed, AC, baseline, muscle filter
+    QLabel* image2_;                       // title: state of the examination
+    QLabel* label1_;                       // ticker
+    QWidget* picture1_;                    // heart light
+    QWidget* picture5_ = nullptr;          // notice: lead recovery
+    QWidget* picture6_ = nullptr;          // notice: no box
     QLabel* recoveryText_ = nullptr;
     QLabel* noDeviceText_ = nullptr;
-    std::map<int, QTimer*> timer_; // by number, 1 to 6
+    std::map<int, QTimer*> timer_;  // by number, 1 to 6
     int tickerLeft_ = TickerStart;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int topHeight = 72;
 constexpr int panelWidth = 192;
-constexpr int tickerWidth = 100; // the last 100 pixels of the design width
+constexpr int tickerWidth = 100;  // the last 100 pixels of the design width
 constexpr int electrodeWidth = 26;
 constexpr int lampSize = 11;
 constexpr int lampX = 62;
@@ -32,7 +32,7 @@ QFrame* VerticalRule(QWidget* parent)
     return rule;
 }
 
-} // namespace
+}  // namespace
 
 QLabel* frmMain::MakeLabel(const QString& name, int pixels, bool bold)
 {
@@ -292,4 +292,4 @@ void frmMain::SetTabOrder()
         follow(keyPic_[number]);
 }
 
-} // namespace ecg
+}  // namespace ecg

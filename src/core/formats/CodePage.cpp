@@ -28,7 +28,7 @@ public:
     {
         const iconv_t converter = iconv_open("UTF-16LE", "GBK");
         if (converter == reinterpret_cast<iconv_t>(-1))
-            return; // every two-byte character then reads as "?"
+            return;  // every two-byte character then reads as "?"
         for (unsigned lead = firstLead; lead <= lastLead; ++lead)
             for (unsigned trail = firstTrail; trail <= 0xFE; ++trail)
                 Add(converter, lead, trail);
@@ -110,7 +110,7 @@ char32_t TakeUtf8(std::string_view& utf8)
     return valid && !overlong ? character : replacement;
 }
 
-} // namespace
+}  // namespace
 
 std::string Utf8FromGbk(std::string_view gbk)
 {
@@ -167,4 +167,4 @@ std::string_view CutGbk(std::string_view gbk, std::size_t width)
     return gbk.substr(0, end);
 }
 
-} // namespace ecg
+}  // namespace ecg

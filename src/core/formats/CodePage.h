@@ -19,4 +19,4 @@ std::string GbkFromUtf8(std::string_view utf8);
 // The longest beginning of `gbk` that fits `width` bytes and does not end in half a two-byte character.
 std::string_view CutGbk(std::string_view gbk, std::size_t width);
 
-} // namespace ecg
+}  // namespace ecg

@@ -6,10 +6,10 @@
 namespace ecg {
 
 struct CommRecord {
-    Byte CommState = 0;      // 0 empty, 1 posted for sending, 2 has come back
-    FixedText<256> CommFile; // path of the record, relative to the data folder
-    Int32 CommStart{};       // start slot of the view when posted
-    Byte CommBeat = 0;       // selected beat of the view
+    Byte CommState = 0;       // 0 empty, 1 posted for sending, 2 has come back
+    FixedText<256> CommFile;  // path of the record, relative to the data folder
+    Int32 CommStart{};        // start slot of the view when posted
+    Byte CommBeat = 0;        // selected beat of the view
     MeasuredParams CommParams;
     FixedText<24> CommHospital;
 };
@@ -22,4 +22,4 @@ static_assert(offsetof(CommRecord, CommBeat) == 261);
 static_assert(offsetof(CommRecord, CommParams) == 262);
 static_assert(offsetof(CommRecord, CommHospital) == 1519);
 
-} // namespace ecg
+}  // namespace ecg

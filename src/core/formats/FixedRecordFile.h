@@ -56,4 +56,4 @@ private:
     ByteFile& file_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -54,4 +54,4 @@ void SetIfChanged(FixedText<Width>& field, std::string_view utf8)
         field.Set(utf8);
 }
 
-} // namespace ecg
+}  // namespace ecg

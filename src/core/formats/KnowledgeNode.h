@@ -7,7 +7,7 @@
 namespace ecg {
 
 struct KnowledgeNode {
-    Byte Level = 0; // depth, 1 to 7; 0 ends the tree
+    Byte Level = 0;  // depth, 1 to 7; 0 ends the tree
     FixedText<40> Title;
     FixedText<2888> Body;
 };
@@ -17,4 +17,4 @@ static_assert(offsetof(KnowledgeNode, Level) == 0);
 static_assert(offsetof(KnowledgeNode, Title) == 1);
 static_assert(offsetof(KnowledgeNode, Body) == 41);
 
-} // namespace ecg
+}  // namespace ecg

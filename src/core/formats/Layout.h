@@ -22,4 +22,4 @@ inline constexpr bool
     IsFixedRecord = sizeof(Record) == Size &&
                     alignof(Record) == 1 && std::is_trivially_copyable_v<Record>&& std::is_standard_layout_v<Record>;
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,9 +12,9 @@
 namespace ecg {
 
 struct MeasuredParams {
-    std::array<FixedText<6>, 12> Complex; // name of the complex, such as "qRs"
-    Byte HeartRate = 0;                   // beats a minute, 0 unknown
-    Float32 Axis{};                       // QRS axis, whole degrees
+    std::array<FixedText<6>, 12> Complex;  // name of the complex, such as "qRs"
+    Byte HeartRate = 0;                    // beats a minute, 0 unknown
+    Float32 Axis{};                        // QRS axis, whole degrees
     std::array<Float32, 13> Pd{};
     std::array<Float32, 13> PR{};
     std::array<Float32, 13> QRSd{};
@@ -46,4 +46,4 @@ static_assert(offsetof(MeasuredParams, HeartRate) == 72);
 static_assert(offsetof(MeasuredParams, Axis) == 73);
 static_assert(offsetof(MeasuredParams, Unused) == 1257 - 9 * 4);
 
-} // namespace ecg
+}  // namespace ecg

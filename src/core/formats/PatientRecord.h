@@ -9,19 +9,19 @@
 namespace ecg {
 
 struct PatientRecord {
-    FixedText<9> No; // medical number; blank when the slot is deleted
+    FixedText<9> No;  // medical number; blank when the slot is deleted
     FixedText<16> Name;
-    Byte Sex = 0;           // 0 male, 1 female
-    FixedText<4> BirthYear; // decimal; "0" for a quick patient
-    Byte Height = 0;        // centimetres, 0 not entered
-    Byte Weight = 0;        // kilograms, 0 not entered
+    Byte Sex = 0;            // 0 male, 1 female
+    FixedText<4> BirthYear;  // decimal; "0" for a quick patient
+    Byte Height = 0;         // centimetres, 0 not entered
+    Byte Weight = 0;         // kilograms, 0 not entered
     FixedText<60> Address;
     FixedText<6> PostCode;
     FixedText<18> Telephone;
     FixedText<32> EMail;
     FixedText<24> IdNumber;
     FixedText<24> MedCard;
-    std::array<Byte, 10> Flags{}; // 0 to 5 risk factors, 6 to 9 symptom types; each 0 or 1
+    std::array<Byte, 10> Flags{};  // 0 to 5 risk factors, 6 to 9 symptom types; each 0 or 1
     std::array<FixedText<8>, 4> CustomItem;
 };
 
@@ -41,4 +41,4 @@ static_assert(offsetof(PatientRecord, MedCard) == 172);
 static_assert(offsetof(PatientRecord, Flags) == 196);
 static_assert(offsetof(PatientRecord, CustomItem) == 206);
 
-} // namespace ecg
+}  // namespace ecg

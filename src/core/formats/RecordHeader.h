@@ -9,19 +9,19 @@
 namespace ecg {
 
 struct RecordHeader {
-    FixedText<14> ExamTime; // year, month, day, hour, minute, second of the start, in digits
+    FixedText<14> ExamTime;  // year, month, day, hour, minute, second of the start, in digits
     FixedText<24> Department;
     FixedText<12> Bed;
     Byte GainIndex = 0;
     Byte SpeedIndex = 0;
-    std::array<Byte, 3> FilterFlags{};        // AC, baseline, muscle: 0 off, 1 on
-    std::array<Byte, 12> LeadFlags{};         // 1 = lead was shown, in lead order
-    std::array<FixedText<500>, 6> DoctorNote; // by review mode
-    std::array<Int32, 46> EventPos{};         // slot of each event; below 1 = empty
+    std::array<Byte, 3> FilterFlags{};         // AC, baseline, muscle: 0 off, 1 on
+    std::array<Byte, 12> LeadFlags{};          // 1 = lead was shown, in lead order
+    std::array<FixedText<500>, 6> DoctorNote;  // by review mode
+    std::array<Int32, 46> EventPos{};          // slot of each event; below 1 = empty
     std::array<FixedText<22>, 46> EventText;
-    Int32 SavedStart{}; // 0 or four blanks: no analysis was saved
+    Int32 SavedStart{};  // 0 or four blanks: no analysis was saved
     Byte SavedBeat = 0;
-    std::array<std::array<Int32, 12>, 9> SavedLines{}; // by line, then lead
+    std::array<std::array<Int32, 12>, 9> SavedLines{};  // by line, then lead
     Byte SavedHR = 0;
     FixedText<30> Reserved30;
     FixedText<16> Name;
@@ -57,4 +57,4 @@ static_assert(offsetof(RecordHeader, Weight) == 4753);
 static_assert(offsetof(RecordHeader, Reserved2) == 4754);
 static_assert(offsetof(RecordHeader, Doctor) == 4756);
 
-} // namespace ecg
+}  // namespace ecg

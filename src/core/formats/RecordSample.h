@@ -16,10 +16,10 @@ namespace ecg {
 
 inline constexpr int ChannelCount = 8;
 inline constexpr int FramesPerSecond = 500;
-inline constexpr int ZeroLevel = 2048;               // counts
-inline constexpr int SampleMask = 0xFFF;             // the signal bits of channel 0
-inline constexpr int BeatMark = 0x8000;              // bit 15 of channel 0
-inline constexpr std::int64_t FirstSampleSlot = 300; // 1-based
+inline constexpr int ZeroLevel = 2048;                // counts
+inline constexpr int SampleMask = 0xFFF;              // the signal bits of channel 0
+inline constexpr int BeatMark = 0x8000;               // bit 15 of channel 0
+inline constexpr std::int64_t FirstSampleSlot = 300;  // 1-based
 
 struct RecordSample {
     std::array<Int16, ChannelCount> Words;
@@ -48,4 +48,4 @@ inline RecordSample ToSample(const Frame& frame)
     return sample;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -29,36 +29,36 @@ struct SysInfo {
     FixedText<32> HospitalFax;
     FixedText<32> HospitalWeb;
     FixedText<64> HospitalMail;
-    std::array<FixedText<24>, ClassCount> ClassName; // department names
+    std::array<FixedText<24>, ClassCount> ClassName;  // department names
     std::array<FixedText<32>, 64> ReservedNames;
-    std::array<FixedText<12>, 4> CustomItemName;      // names of the patient's custom items
-    Int16 LeadSystem{};                               // 0 Wilson, 1 Frank
-    Int16 GainIndex{};                                // 0 to 2: 5, 10, 20 mm/mV
-    Int16 SpeedIndex{};                               // 0 to 2: 12.5, 25, 50 mm/s
-    Int32 SampleLimit{};                              // frames of the running sampling
-    std::array<Byte, 3> FilterOn{};                   // AC, baseline, muscle: 0 off, 1 on
-    std::array<Byte, 3> FilterIndex{};                // chosen setting: AC 0 to 1, baseline 0 to 3, muscle 0 to 5
-    std::array<Byte, LeadCount> LeadShow{};           // 1 = lead shown, in lead order
-    Byte BaselineReturn = 0;                          // step of the baseline return
-    std::array<Int32, ExaminationCount> SampleTime{}; // frames; 0 to 4 Wilson, 5 to 8 Frank
-    Byte LeadPrompt = 0;                              // 1 = prompt for the electrode connection
-    Byte SystemControlTime = 0;                       // 1 = the time ends a sampling, 0 = the user does
-    Byte PrintQuality = 0;                            // 0 normal, 1 fine
+    std::array<FixedText<12>, 4> CustomItemName;       // names of the patient's custom items
+    Int16 LeadSystem{};                                // 0 Wilson, 1 Frank
+    Int16 GainIndex{};                                 // 0 to 2: 5, 10, 20 mm/mV
+    Int16 SpeedIndex{};                                // 0 to 2: 12.5, 25, 50 mm/s
+    Int32 SampleLimit{};                               // frames of the running sampling
+    std::array<Byte, 3> FilterOn{};                    // AC, baseline, muscle: 0 off, 1 on
+    std::array<Byte, 3> FilterIndex{};                 // chosen setting: AC 0 to 1, baseline 0 to 3, muscle 0 to 5
+    std::array<Byte, LeadCount> LeadShow{};            // 1 = lead shown, in lead order
+    Byte BaselineReturn = 0;                           // step of the baseline return
+    std::array<Int32, ExaminationCount> SampleTime{};  // frames; 0 to 4 Wilson, 5 to 8 Frank
+    Byte LeadPrompt = 0;                               // 1 = prompt for the electrode connection
+    Byte SystemControlTime = 0;                        // 1 = the time ends a sampling, 0 = the user does
+    Byte PrintQuality = 0;                             // 0 normal, 1 fine
     Byte PrintReserved = 0;
-    Byte PrintMono = 0;      // 1 black-and-white grid, 0 colour grid
-    Byte GridHue = 0;        // 0 red, 1 green, 2 blue
-    Byte Depth5mmColour = 0; // 0 to 3
-    Byte Depth1mmColour = 0; // 0 to 3
-    Byte Depth5mmMono = 0;   // 0 to 7
-    Byte Depth1mmMono = 0;   // 0 to 7
-    Byte PrintPortrait = 0;  // 0 landscape, 1 portrait
+    Byte PrintMono = 0;       // 1 black-and-white grid, 0 colour grid
+    Byte GridHue = 0;         // 0 red, 1 green, 2 blue
+    Byte Depth5mmColour = 0;  // 0 to 3
+    Byte Depth1mmColour = 0;  // 0 to 3
+    Byte Depth5mmMono = 0;    // 0 to 7
+    Byte Depth1mmMono = 0;    // 0 to 7
+    Byte PrintPortrait = 0;   // 0 landscape, 1 portrait
     Rgb TraceWatch;
     Rgb TraceSave;
     Rgb TraceReset;
     Rgb PaperBack;
     Rgb Grid5mm;
     Rgb Grid1mm;
-    Byte Language = 0; // 1 Chinese, otherwise English
+    Byte Language = 0;  // 1 Chinese, otherwise English
     std::array<FixedText<24>, DoctorCount> DoctorNames;
     std::array<Byte, 2> Unused{};
 };
@@ -102,4 +102,4 @@ static_assert(offsetof(SysInfo, Grid1mm) == 4007);
 static_assert(offsetof(SysInfo, Language) == 4010);
 static_assert(offsetof(SysInfo, DoctorNames) == 4011);
 
-} // namespace ecg
+}  // namespace ecg

@@ -15,9 +15,9 @@
 namespace ecg {
 namespace {
 
-constexpr std::size_t nameBytes = 24; // of a stored name
-constexpr int lineHeight = 24;        // pixels
-constexpr int numberWidth = 32;       // pixels in front of the name
+constexpr std::size_t nameBytes = 24;  // of a stored name
+constexpr int lineHeight = 24;         // pixels
+constexpr int numberWidth = 32;        // pixels in front of the name
 
 // Shows the number of a line in front of its name, and lets only the name be edited.
 class NumberedLine final : public QStyledItemDelegate {
@@ -54,7 +54,7 @@ protected:
     }
 };
 
-} // namespace
+}  // namespace
 
 DepartmentList::DepartmentList(bool chinese, QWidget* parent) : QListWidget(parent), chinese_(chinese)
 {
@@ -103,4 +103,4 @@ void DepartmentList::keyPressEvent(QKeyEvent* event)
         QListWidget::keyPressEvent(event);
 }
 
-} // namespace ecg
+}  // namespace ecg

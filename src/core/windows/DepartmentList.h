@@ -24,4 +24,4 @@ private:
     const bool chinese_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -29,4 +29,4 @@ void FixedTextEdit::RemoveWhatDoesNotFit()
     setCursorPosition(static_cast<int>(cursor));
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -18,4 +18,4 @@ private:
     std::size_t width_;
 };
 
-} // namespace ecg
+}  // namespace ecg

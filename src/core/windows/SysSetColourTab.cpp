@@ -17,9 +17,9 @@
 namespace ecg {
 namespace {
 
-constexpr int previewHeight = 201;           // pixels: 50 mm and the line at the far edge
-constexpr std::size_t previewColumns = 1024; // more than the preview is ever wide
-constexpr QSize sampleSize(40, 20);          // pixels
+constexpr int previewHeight = 201;            // pixels: 50 mm and the line at the far edge
+constexpr std::size_t previewColumns = 1024;  // more than the preview is ever wide
+constexpr QSize sampleSize(40, 20);           // pixels
 
 constexpr std::array<Twin, DisplayColours.size()> titles{{{"波形颜色(观察)", "Wave Color(Watch)"},
                                                           {"波形颜色(存储)", "Wave Color(Save)"},
@@ -39,7 +39,7 @@ constexpr std::array<Twin, DisplayColours.size()> adjustedTitles{
 constexpr std::array<Twin, 3> sliderCaptions{{{"红", "R"}, {"绿", "G"}, {"篮", "B"}}};
 constexpr std::array<Byte Rgb::*, 3> components{&Rgb::R, &Rgb::G, &Rgb::B};
 
-} // namespace
+}  // namespace
 
 SysSetColourTab::SysSetColourTab(SettingsDraft& draft, bool chinese, const Pictures& pictures,
                                  const std::filesystem::path& waveFile, QWidget* parent)
@@ -145,4 +145,4 @@ void SysSetColourTab::TakeSlider(std::size_t component, int value)
     ShowDraft();
 }
 
-} // namespace ecg
+}  // namespace ecg

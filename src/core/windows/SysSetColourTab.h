@@ -59,4 +59,4 @@ private:
     QPushButton* Command4_ = nullptr;
 };
 
-} // namespace ecg
+}  // namespace ecg

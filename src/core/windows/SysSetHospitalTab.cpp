@@ -14,7 +14,7 @@
 namespace ecg {
 namespace {
 
-constexpr int captionWidth = 64; // pixels: the boxes of both groups stand below each other
+constexpr int captionWidth = 64;  // pixels: the boxes of both groups stand below each other
 
 template <std::size_t Width>
 void ShowField(QLineEdit& box, const FixedText<Width>& field)
@@ -46,7 +46,7 @@ void AddRow(QFormLayout* form, const QString& caption, QLineEdit* box)
     form->addRow(label, box);
 }
 
-} // namespace
+}  // namespace
 
 SysSetHospitalTab::SysSetHospitalTab(SettingsDraft& draft, bool chinese, QWidget* parent)
     : QWidget(parent), draft_(draft), chinese_(chinese)
@@ -67,7 +67,7 @@ QGroupBox* SysSetHospitalTab::HospitalGroup()
 {
     constexpr std::array<Twin, 6> captions{
         {{"名称", "Name"}, {"地址", "Address"}, {"电话", "TEL"}, {"传真", "FAX"}, {"网站", "Web"}, {"邮箱", "eMail"}}};
-    constexpr std::array<std::size_t, 6> widths{24, 100, 32, 32, 32, 64}; // bytes
+    constexpr std::array<std::size_t, 6> widths{24, 100, 32, 32, 32, 64};  // bytes
     auto* group = new QGroupBox(Twin{"医院资料", "Hospital Information"}.In(chinese_), this);
     auto* form = FormIn(group);
     for (std::size_t i = 0; i < Text1_.size(); ++i) {
@@ -81,7 +81,7 @@ QGroupBox* SysSetHospitalTab::ItemGroup()
 {
     constexpr std::array<Twin, 4> captions{
         {{"自定义项1", "Item1"}, {"自定义项2", "Item2"}, {"自定义项3", "Item3"}, {"自定义项4", "Item4"}}};
-    constexpr std::size_t width = 12; // bytes
+    constexpr std::size_t width = 12;  // bytes
     auto* group = new QGroupBox(Twin{"患者自定义项名称", "Define-Self Item Name"}.In(chinese_), this);
     auto* form = FormIn(group);
     for (std::size_t i = 0; i < Text2_.size(); ++i) {
@@ -137,4 +137,4 @@ void SysSetHospitalTab::Collect()
     ClassList_->CollectNames(values);
 }
 
-} // namespace ecg
+}  // namespace ecg

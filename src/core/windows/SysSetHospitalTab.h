@@ -39,4 +39,4 @@ private:
     DepartmentList* ClassList_ = nullptr;
 };
 
-} // namespace ecg
+}  // namespace ecg

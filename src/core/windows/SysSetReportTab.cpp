@@ -17,9 +17,9 @@
 namespace ecg {
 namespace {
 
-constexpr QSize sampleSize(241, 161); // pixels: 60 by 40 mm with the line at the far edge
+constexpr QSize sampleSize(241, 161);  // pixels: 60 by 40 mm with the line at the far edge
 
-constexpr int depthWidth = 72; // pixels
+constexpr int depthWidth = 72;  // pixels
 
 // The fields of the two depth choosers: the 1 mm lines, then the 5 mm lines.
 constexpr std::array<Byte SysInfo::*, 2> monoDepths{&SysInfo::Depth1mmMono, &SysInfo::Depth5mmMono};
@@ -41,7 +41,7 @@ QLabel* StepTitle(const char* text, QWidget* parent)
     return title;
 }
 
-} // namespace
+}  // namespace
 
 SysSetReportTab::SysSetReportTab(SettingsDraft& draft, bool chinese, const Pictures& pictures, QWidget* parent)
     : QWidget(parent), draft_(draft), chinese_(chinese)
@@ -199,4 +199,4 @@ void SysSetReportTab::ShowDepths()
     }
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -66,4 +66,4 @@ private:
     QPushButton* Command4_ = nullptr;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -17,16 +17,16 @@
 namespace ecg {
 namespace {
 
-constexpr std::size_t wilsonExaminations = 5; // the first five; the others are Frank's
+constexpr std::size_t wilsonExaminations = 5;  // the first five; the others are Frank's
 constexpr int leadsInARow = 6;
-constexpr int longestTime = 12;  // characters
-constexpr int timeWidth = 64;    // pixels
-constexpr int captionWidth = 60; // pixels
-constexpr int cellWidth = 148;   // pixels: so that the boxes of both groups stand below each other
+constexpr int longestTime = 12;   // characters
+constexpr int timeWidth = 64;     // pixels
+constexpr int captionWidth = 60;  // pixels
+constexpr int cellWidth = 148;    // pixels: so that the boxes of both groups stand below each other
 
 struct Filter {
     Twin Caption;
-    std::size_t Field; // in `SysInfo::FilterIndex`
+    std::size_t Field;  // in `SysInfo::FilterIndex`
     std::vector<const char*> Settings;
 };
 
@@ -45,7 +45,7 @@ QGridLayout* GridIn(QGroupBox* group)
     return grid;
 }
 
-} // namespace
+}  // namespace
 
 SysSetSampleTab::SysSetSampleTab(SettingsDraft& draft, bool chinese, QWidget* parent)
     : QWidget(parent), draft_(draft), chinese_(chinese)
@@ -181,4 +181,4 @@ void SysSetSampleTab::PointAtTime(std::size_t examination)
     Text3_[examination]->selectAll();
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -52,4 +52,4 @@ private:
     QPushButton* Command4_ = nullptr;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,10 +12,10 @@
 namespace ecg {
 namespace {
 
-constexpr int leastWidth = 352;    // pixels, of the lines
-constexpr int longestLine = 600;   // pixels; a longer line is wrapped
-constexpr int buttonWidth = 96;    // pixels
-constexpr int longestInput = 1024; // characters
+constexpr int leastWidth = 352;     // pixels, of the lines
+constexpr int longestLine = 600;    // pixels; a longer line is wrapped
+constexpr int buttonWidth = 96;     // pixels
+constexpr int longestInput = 1024;  // characters
 
 constexpr std::array<Twin, 3> buttonCaptions{{{"确定", "OK"}, {"放弃", "Renounce"}, {"取消", "Cancel"}}};
 
@@ -27,7 +27,7 @@ std::size_t ButtonCount(const std::string& buttons)
     return buttons == "YesNo" ? 2 : buttonCaptions.size();
 }
 
-} // namespace
+}  // namespace
 
 frmMsg::frmMsg(SharedState& state, QWidget* parent)
     : QDialog(parent), state_(state), Text1_(Named(new QLineEdit(this), "Text1"))
@@ -103,4 +103,4 @@ void frmMsg::reject()
     Press(ButtonCount(state_.MsgButtons) - 1);
 }
 
-} // namespace ecg
+}  // namespace ecg

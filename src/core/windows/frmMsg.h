@@ -26,7 +26,7 @@ public:
     explicit frmMsg(SharedState& state, QWidget* parent = nullptr);
 
 protected:
-    void reject() override; // Escape and the window's own close button
+    void reject() override;  // Escape and the window's own close button
 
 private:
     void SetCaptions();
@@ -39,4 +39,4 @@ private:
     std::array<QPushButton*, 3> Command1_{};
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -15,7 +15,7 @@ namespace {
 // This window opens before the language of the run is set: only a stored 2 makes it English.
 constexpr Byte englishLanguage = 2;
 
-constexpr int nameWidth = 280; // pixels
+constexpr int nameWidth = 280;  // pixels
 
 constexpr Twin nobodySelected{"必须选择检查医生姓名才可以进入系统",
                               "A doctor's name must be selected to enter the system"};
@@ -23,7 +23,7 @@ constexpr Twin namesNotStored{"医生姓名没有保存：无法写入 Sysinfo.p
                               "The doctor names were not stored: Sysinfo.par cannot be written. The selected name "
                               "holds for this run and has to be typed again at the next start."};
 
-} // namespace
+}  // namespace
 
 frmSelectName::frmSelectName(SharedState& state, MessageBox& messages, QWidget* parent)
     : QDialog(parent),
@@ -105,4 +105,4 @@ void frmSelectName::keyPressEvent(QKeyEvent* event)
         }
 }
 
-} // namespace ecg
+}  // namespace ecg

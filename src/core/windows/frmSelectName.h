@@ -38,4 +38,4 @@ private:
     std::array<QPushButton*, DoctorCount> Command1_{};
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -1,5 +1,6 @@
 #include "core/windows/frmSplash.h"
 
+#include "core/Labels.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/PictureBox.h"
 #include "platform/qt/Style.h"
@@ -19,7 +20,7 @@ constexpr int heartTop = 16;
 constexpr QSize traceSize(570, 60);
 constexpr QPoint tracePlace(35, 244);
 
-} // namespace
+}  // namespace
 
 frmSplash::frmSplash(const SharedState& state, const Pictures& pictures, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
@@ -32,7 +33,7 @@ frmSplash::frmSplash(const SharedState& state, const Pictures& pictures, QWidget
     Picture2_ = Named(new QWidget(this), "Picture2");
     auto* trace = new PictureBox(pictures, "splash-trace", Picture2_);
     trace->setGeometry(QRect(QPoint(0, 0), traceSize));
-    Label1_ = Named(new QLabel(Twin{"心电工作站", "ECG Workstation"}.In(state.SysInfo), this), "Label1");
+    Label1_ = Named(new QLabel(labels::Program.In(state.SysInfo), this), "Label1");
     Command1_ = Named(new QPushButton(Twin{"进入", "Enter"}.In(state.SysInfo), this), "Command1");
     setWindowTitle(Label1_->text());
     PlaceControls();
@@ -75,4 +76,4 @@ void frmSplash::ShowMotion()
     Picture2_->setGeometry(QRect(tracePlace, QSize(motion_.Trace(), traceSize.height())));
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -31,11 +31,11 @@ private:
 
     SplashMotion motion_;
     QWidget* Picture1_;
-    QWidget* Picture2_; // as wide as the trace has grown; it cuts off the rest
+    QWidget* Picture2_;  // as wide as the trace has grown; it cuts off the rest
     QLabel* Label1_;
     QPushButton* Command1_;
     QTimer Timer1_;
     QTimer Timer2_;
 };
 
-} // namespace ecg
+}  // namespace ecg

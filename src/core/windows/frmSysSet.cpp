@@ -17,8 +17,8 @@
 namespace ecg {
 namespace {
 
-constexpr int leastWidth = 880;  // pixels
-constexpr int buttonWidth = 104; // pixels
+constexpr int leastWidth = 880;   // pixels
+constexpr int buttonWidth = 104;  // pixels
 
 constexpr Twin notANumber{"采样时间的内容必须为数字！", "Sample Time MUST be Digital!"};
 constexpr Twin tooShort{"最少的采样时间为10秒！", "The Least Time is 10s!"};
@@ -40,7 +40,7 @@ constexpr Twin noPrinter{"没有可用的打印机，测试页没有打印。请
 constexpr Twin printFailed{"测试页没有打印完成。请检查打印机的电源、连接和纸张。",
                            "The test page could not be printed. Check the printer's power, connection and paper."};
 
-} // namespace
+}  // namespace
 
 frmSysSet::frmSysSet(SharedState& state, MessageBox& messages, Printer& printer, const Pictures& pictures,
                      QWidget* parent)
@@ -177,4 +177,4 @@ void frmSysSet::PrintPage()
         Tell(printFailed);
 }
 
-} // namespace ecg
+}  // namespace ecg

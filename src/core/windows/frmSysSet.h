@@ -54,4 +54,4 @@ private:
     SysSetReportTab* report_ = nullptr;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -13,4 +13,4 @@ public:
     ~BusyCursor() { QApplication::restoreOverrideCursor(); }
 };
 
-} // namespace ecg
+}  // namespace ecg

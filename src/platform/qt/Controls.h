@@ -30,4 +30,4 @@ Control* Named(Control* control, const char* name, Index index)
     return control;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -31,4 +31,4 @@ void PictureBox::paintEvent(QPaintEvent*)
     QPainter(this).drawPixmap(0, 0, drawn_);
 }
 
-} // namespace ecg
+}  // namespace ecg

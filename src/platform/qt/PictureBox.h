@@ -21,8 +21,8 @@ protected:
 private:
     const Pictures& pictures_;
     QString name_;
-    QString drawnName_; // what `drawn_` shows
+    QString drawnName_;  // what `drawn_` shows
     QPixmap drawn_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -11,14 +11,14 @@
 namespace ecg {
 namespace {
 
-constexpr int captionDrop = 3; // pixels; leaves room for a lamp above the caption
+constexpr int captionDrop = 3;  // pixels; leaves room for a lamp above the caption
 
 bool IsPressKey(const QKeyEvent& event)
 {
     return event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
-} // namespace
+}  // namespace
 
 PictureKey::PictureKey(const Pictures& pictures, Faces faces, QWidget* parent)
     : PictureBox(pictures, faces.Released, parent), faces_(std::move(faces)), caption_(new QLabel(this))
@@ -125,4 +125,4 @@ void PictureKey::resizeEvent(QResizeEvent*)
     ShowFace();
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -51,8 +51,8 @@ private:
 
     Faces faces_;
     QLabel* caption_;
-    bool pressed_ = false; // the pressed picture shows
+    bool pressed_ = false;  // the pressed picture shows
     bool heldByKeyboard_ = false;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -31,4 +31,4 @@ QSvgRenderer* Pictures::Find(const QString& name) const
     return found->second.get();
 }
 
-} // namespace ecg
+}  // namespace ecg

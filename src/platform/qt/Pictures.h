@@ -23,7 +23,7 @@ private:
     QSvgRenderer* Find(const QString& name) const;
 
     std::filesystem::path folder_;
-    mutable std::map<QString, std::unique_ptr<QSvgRenderer>> loaded_; // null: looked for and not found
+    mutable std::map<QString, std::unique_ptr<QSvgRenderer>> loaded_;  // null: looked for and not found
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -9,33 +9,41 @@
 #include <utility>
 
 namespace ecg {
+namespace {
+
+struct Words {
+    const char* Accept;
+    const char* Reject;
+};
+
+Words WordsOf(MessageButtons buttons, bool chinese)
+{
+    if (buttons == MessageButtons::YesNo)
+        return chinese ? Words{"是", "否"} : Words{"Yes", "No"};
+    return chinese ? Words{"确定", "取消"} : Words{"OK", "Cancel"};
+}
+
+}  // namespace
+
 QtMessageBox::QtMessageBox(std::function<bool()> chinese) : chinese_(std::move(chinese)) {}
 
 bool QtMessageBox::Show(std::string_view text, std::string_view title, MessageButtons buttons)
 {
-    const bool chinese = chinese_();
-    const bool asks = buttons != MessageButtons::Ok;
-    const bool yesNo = buttons == MessageButtons::YesNo;
-    QMessageBox box(asks ? QMessageBox::Question : QMessageBox::Information,
-                    title.empty() ? QApplication::applicationDisplayName() : ToQt(title), ToQt(text),
-                    QMessageBox::NoButton, QApplication::activeWindow());
+    const Words words = WordsOf(buttons, chinese_());
+    QMessageBox box(QMessageBox::NoIcon, ToQt(title), ToQt(text), QMessageBox::NoButton, QApplication::activeWindow());
     box.setObjectName("MessageBox");
-    QPushButton* accept =
-        box.addButton(yesNo ? (chinese ? QString("是") : QString("Yes")) : (chinese ? QString("确定") : QString("OK")),
-                      QMessageBox::AcceptRole);
+    QPushButton* accept = box.addButton(words.Accept, QMessageBox::AcceptRole);
     accept->setObjectName("Accept");
-    box.setDefaultButton(accept);
-    box.setEscapeButton(accept);
-    if (asks) {
-        QPushButton* reject = box.addButton(yesNo ? (chinese ? QString("否") : QString("No"))
-                                                  : (chinese ? QString("取消") : QString("Cancel")),
-                                            QMessageBox::RejectRole);
-        reject->setObjectName("Reject");
-        box.setDefaultButton(reject);
-        box.setEscapeButton(reject);
+    // Enter and Escape take the button that changes nothing.
+    QPushButton* safe = accept;
+    if (buttons != MessageButtons::Ok) {
+        safe = box.addButton(words.Reject, QMessageBox::RejectRole);
+        safe->setObjectName("Reject");
     }
+    box.setDefaultButton(safe);
+    box.setEscapeButton(safe);
     box.exec();
     return box.clickedButton() == accept;
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -17,4 +17,4 @@ private:
     std::function<bool()> chinese_;
 };
 
-} // namespace ecg
+}  // namespace ecg

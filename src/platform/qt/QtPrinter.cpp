@@ -12,7 +12,7 @@ constexpr double mmPerInch = 25.4;
 constexpr int normalDpi = 300;
 constexpr int fineDpi = 600;
 
-} // namespace
+}  // namespace
 
 QtPrinter::QtPrinter(const Pictures& pictures, QString pdfFile) : pictures_(pictures), pdfFile_(std::move(pdfFile)) {}
 
@@ -79,4 +79,4 @@ bool QtPrinter::EndDocument()
     return printed;
 }
 
-} // namespace ecg
+}  // namespace ecg

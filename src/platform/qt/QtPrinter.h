@@ -30,4 +30,4 @@ private:
     std::unique_ptr<QtSurface> page_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -7,9 +7,9 @@
 namespace ecg {
 namespace {
 
-constexpr qint64 receiveBuffer = 32000; // bytes
+constexpr qint64 receiveBuffer = 32000;  // bytes
 
-} // namespace
+}  // namespace
 
 void QtSerialPort::DeleteLater::operator()(QSerialPort* port) const
 {
@@ -107,4 +107,4 @@ void QtSerialPort::Fail(QSerialPort::SerialPortError error)
         lost_();
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -45,4 +45,4 @@ private:
     std::function<void()> lost_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -34,7 +34,7 @@ double TypesetScale(const TextStyle& style, const QFontMetricsF& metrics)
     return style.Height / metrics.height();
 }
 
-} // namespace
+}  // namespace
 
 QtSurface::QtSurface(QPainter& painter, double width, double height, const Pictures& pictures)
     : painter_(painter), width_(width), height_(height), pictures_(pictures)
@@ -71,7 +71,7 @@ void QtSurface::Polyline(std::span<const Point> points, Colour colour)
 
 void QtSurface::Arc(Point centre, double radius, double startDegrees, double spanDegrees, Colour colour)
 {
-    constexpr double steps = 16; // Qt counts sixteenths of a degree
+    constexpr double steps = 16;  // Qt counts sixteenths of a degree
     const QPointF middle = At(centre);
     painter_.setPen(Pen(colour));
     painter_.setBrush(Qt::NoBrush);
@@ -142,7 +142,7 @@ void ImageSurface::Copy(const Surface& source, const Rect& area, Point to)
     const QRect from = wanted & other->Pixels.rect() & Pixels.rect().translated(-shift);
     if (from.isEmpty())
         return;
-    constexpr int pixelBytes = sizeof(QRgb);
+    constexpr qsizetype pixelBytes = sizeof(QRgb);
     const auto bytes = static_cast<std::size_t>(from.width() * pixelBytes);
     const uchar* line = other->Pixels.constScanLine(from.top()) + from.left() * pixelBytes;
     uchar* target = Pixels.scanLine(from.top() + shift.y()) + (from.left() + shift.x()) * pixelBytes;
@@ -155,4 +155,4 @@ void ImageSurface::Copy(const Surface& source, const Rect& area, Point to)
     }
 }
 
-} // namespace ecg
+}  // namespace ecg

@@ -18,7 +18,7 @@ public:
     double Height() const override { return height_; }
 
     void Fill(const Rect& area, Colour colour) override;
-    void Copy(const Surface&, const Rect&, Point) override {} // a page cannot be read again
+    void Copy(const Surface&, const Rect&, Point) override {}  // a page cannot be read again
     void SetPenWidth(double width) override { penWidth_ = width; }
     void Line(Point from, Point to, Colour colour) override;
     void Polyline(std::span<const Point> points, Colour colour) override;
@@ -39,7 +39,7 @@ private:
     double width_;
     double height_;
     double penWidth_ = 1;
-    double offset_ = 0; // brings lines to the middle of a pixel, where they are sharp
+    double offset_ = 0;  // brings lines to the middle of a pixel, where they are sharp
     const Pictures& pictures_;
 };
 
@@ -63,4 +63,4 @@ public:
     const QImage& Image() const { return Pixels; }
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -80,7 +80,7 @@ QPalette ClinicalPalette()
     return palette;
 }
 
-} // namespace
+}  // namespace
 
 void Apply(QApplication& application)
 {
@@ -106,4 +106,4 @@ void SetHandCursor(QWidget& widget)
     widget.setCursor(Qt::PointingHandCursor);
 }
 
-} // namespace ecg::style
+}  // namespace ecg::style

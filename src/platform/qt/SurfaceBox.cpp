@@ -17,4 +17,4 @@ void SurfaceBox::paintEvent(QPaintEvent*)
     QPainter(this).drawImage(0, 0, image.Image());
 }
 
-} // namespace ecg
+}  // namespace ecg

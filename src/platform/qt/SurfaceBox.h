@@ -25,4 +25,4 @@ private:
     std::function<void(Surface&)> draw_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -1,6 +1,7 @@
 // What every window of the room is given in its tests.
 #pragma once
 
+#include "core/SettingsBytes.h"
 #include "core/SharedState.h"
 #include "platform/qt/Pictures.h"
 #include "support/RecordingSurface.h"
@@ -8,15 +9,28 @@
 #include "support/TemporaryDataFolder.h"
 #include "support/WindowDriver.h"
 
+#include <memory>
+
 namespace ecg {
 
 class CoreWindowTest : public testing::Test {
-protected:
+public:
     CoreWindowTest()
     {
         State.Folders = Folder.Paths();
-        LoadFactorySettings(State.SysInfo, FactoryGroup::All, false);
+        State.SysInfo = FactorySettings();
         State.SysInfo.Language = ChineseLanguage;
+    }
+
+    // A window on the screen, in place of the one that was shown before.
+    template <class Window, class... Arguments>
+    Window& Show(Arguments&... arguments)
+    {
+        auto window = std::make_unique<Window>(arguments...);
+        Window& shown = *window;
+        window_ = std::move(window);
+        shown.show();
+        return shown;
     }
 
     // From now on nothing can be written in the place of the settings file.
@@ -37,6 +51,9 @@ protected:
     ScriptedMessageBox Messages;
     RecordingPrinter Printer;
     ecg::Pictures Pictures{std::filesystem::path(ECG_SOURCE) / "assets" / "pictures"};
+
+private:
+    std::unique_ptr<QWidget> window_;
 };
 
-} // namespace ecg
+}  // namespace ecg

@@ -12,23 +12,21 @@ protected:
         State.MsgLines = {"first", "", "third <b>", "", "fifth"};
         State.MsgButtons = "YesNoCancel";
         State.MsgDefaultText = "as it was";
-        State.MsgResult = 99;
+        State.MsgShowText = true;
     }
 
-    std::size_t VisibleButtons(QWidget& window)
+    frmMsg& Open()
     {
-        std::size_t count = 0;
-        for (const char* name : {"Command1_0", "Command1_1", "Command1_2"})
-            count += Find<QAbstractButton>(window, name).isVisible() ? 1 : 0;
-        return count;
+        State.MsgResult = 99;
+        return Show<frmMsg>(State);
     }
 };
 
-TEST_F(MsgTest, ShowsItsArgumentsOnThePanelColour)
+TEST_F(MsgTest, ShowsItsArgumentsOnThePanelColourAndWrapsALongLine)
 {
-    State.MsgShowText = true;
-    frmMsg window(State);
-    window.show();
+    for (int i = 0; i < 20; ++i)
+        State.MsgLines[1] += "这一行比窗口长";
+    auto& window = Open();
     EXPECT_EQ(window.windowTitle(), "标题");
     EXPECT_EQ(LabelOf(window, "Label1_0"), "first");
     EXPECT_EQ(LabelOf(window, "Label1_2"), "third <b>");
@@ -37,79 +35,53 @@ TEST_F(MsgTest, ShowsItsArgumentsOnThePanelColour)
     EXPECT_TRUE(Find<QLineEdit>(window, "Text1").isVisible());
     EXPECT_EQ(TextOf(window, "Text1"), "as it was");
     EXPECT_EQ(window.grab().toImage().pixelColor(2, 2), QColor(190, 199, 152));
-}
 
-TEST_F(MsgTest, ShowsAsManyButtonsAsAreAskedFor)
-{
-    const std::vector<std::pair<std::string, std::size_t>> cases{
-        {"Yes", 1}, {"YesNo", 2}, {"YesNoCancel", 3}, {"", 3}, {"NoYes", 3}};
-    for (const auto& [buttons, count] : cases) {
-        State.MsgButtons = buttons;
-        frmMsg window(State);
-        window.show();
-        EXPECT_EQ(VisibleButtons(window), count) << buttons;
-    }
-}
-
-TEST_F(MsgTest, AButtonLeavesItsIndexAndTheInput)
-{
-    for (int i = 0; i < 3; ++i) {
-        State.MsgShowText = true;
-        frmMsg window(State);
-        window.show();
-        Type(window, "Text1", "typed " + std::to_string(i));
-        Click(window, "Command1_" + std::to_string(i));
-        EXPECT_FALSE(window.isVisible());
-        EXPECT_EQ(State.MsgResult, i);
-        EXPECT_EQ(State.MsgInputText, "typed " + std::to_string(i));
-    }
-}
-
-TEST_F(MsgTest, ALongLineIsWrappedAndWhollyVisible)
-{
-    for (int i = 0; i < 20; ++i)
-        State.MsgLines[1] += "这一行比窗口长";
-    frmMsg window(State);
-    window.show();
     auto& line = Find<QLabel>(window, "Label1_1");
     EXPECT_LE(window.width(), 1024);
     EXPECT_TRUE(window.rect().contains(line.geometry()));
     EXPECT_GE(line.height(), line.heightForWidth(line.width()));
 }
 
-TEST_F(MsgTest, WithoutAnInputTheDefaultComesBack)
+TEST_F(MsgTest, ShowsTheButtonsThatAreAskedForAndClosingIsTheLastOfThem)
 {
-    frmMsg window(State);
-    window.show();
-    EXPECT_FALSE(Find<QLineEdit>(window, "Text1").isVisible());
-    Click(window, "Command1_0");
-    EXPECT_EQ(State.MsgInputText, "as it was");
-}
-
-TEST_F(MsgTest, EnterIsTheFirstButtonAndClosingTheLastThatShows)
-{
-    State.MsgShowText = true;
-    frmMsg entered(State);
-    entered.show();
-    QTest::keyClick(&Find<QLineEdit>(entered, "Text1"), Qt::Key_Return);
-    EXPECT_EQ(State.MsgResult, 0);
-
-    const std::vector<std::pair<std::string, int>> cases{{"Yes", 0}, {"YesNo", 1}, {"YesNoCancel", 2}, {"?", 2}};
-    for (const auto& [buttons, last] : cases) {
-        State.MsgButtons = buttons;
+    const std::vector<std::pair<std::string, int>> cases{
+        {"Yes", 1}, {"YesNo", 2}, {"YesNoCancel", 3}, {"", 3}, {"NoYes", 3}};
+    for (const auto& [buttons, count] : cases)
         for (const bool byKey : {true, false}) {
-            State.MsgResult = 99;
-            frmMsg window(State);
-            window.show();
+            State.MsgButtons = buttons;
+            auto& window = Open();
+            for (int i = 0; i < 3; ++i)
+                EXPECT_EQ(Find<QAbstractButton>(window, "Command1_" + std::to_string(i)).isVisible(), i < count)
+                    << buttons << i;
             if (byKey)
                 QTest::keyClick(&window, Qt::Key_Escape);
             else
                 window.close();
             EXPECT_FALSE(window.isVisible());
-            EXPECT_EQ(State.MsgResult, last) << buttons;
+            EXPECT_EQ(State.MsgResult, count - 1) << buttons;
         }
-    }
 }
 
-} // namespace
-} // namespace ecg
+TEST_F(MsgTest, AButtonLeavesItsIndexAndTheInputAndEnterIsTheFirst)
+{
+    for (int i = 0; i < 3; ++i) {
+        auto& window = Open();
+        Type(window, "Text1", "typed " + std::to_string(i));
+        Click(window, "Command1_" + std::to_string(i));
+        EXPECT_FALSE(window.isVisible());
+        EXPECT_EQ(State.MsgResult, i);
+        EXPECT_EQ(State.MsgInputText, "typed " + std::to_string(i));
+    }
+    QTest::keyClick(&Find<QLineEdit>(Open(), "Text1"), Qt::Key_Return);
+    EXPECT_EQ(State.MsgResult, 0);
+
+    State.MsgShowText = false;
+    State.MsgInputText.clear();
+    auto& window = Open();
+    EXPECT_FALSE(Find<QLineEdit>(window, "Text1").isVisible());
+    Click(window, "Command1_0");
+    EXPECT_EQ(State.MsgInputText, "as it was");
+}
+
+}  // namespace
+}  // namespace ecg

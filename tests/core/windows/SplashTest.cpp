@@ -6,45 +6,23 @@ namespace {
 
 using SplashTest = CoreWindowTest;
 
-TEST_F(SplashTest, TheHeartPassesItsPlaceBeforeTheTraceRunsToItsEnd)
+TEST_F(SplashTest, ClosesByItselfAndAtOnceOnItsButtonEnterAndEscape)
 {
-    SplashMotion motion;
-    int heartTicks = 1;
-    while (!motion.MoveHeart()) {
-        EXPECT_LE(motion.Heart(), 28);
-        ++heartTicks;
-    }
-    EXPECT_GT(motion.Heart(), 28);
-    EXPECT_EQ(motion.Trace(), 0);
-    int traceTicks = 1;
-    while (!motion.MoveTrace())
-        ++traceTicks;
-    EXPECT_EQ(traceTicks, 571);
-    EXPECT_LE(heartTicks * SplashMotion::HeartTickMilliseconds + traceTicks * SplashMotion::TraceTickMilliseconds,
-              3000);
-}
+    frmSplash splash(State, Pictures);
+    EXPECT_TRUE(splash.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_EQ(splash.exec(), QDialog::Accepted);
+    EXPECT_GT(Find<QWidget>(splash, "Picture1").x(), 28);
+    EXPECT_GT(Find<QWidget>(splash, "Picture2").width(), 570);
 
-TEST_F(SplashTest, ClosesByItself)
-{
-    frmSplash window(State, Pictures);
-    EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    EXPECT_EQ(window.exec(), QDialog::Accepted);
-    EXPECT_GT(Find<QWidget>(window, "Picture1").x(), 28);
-    EXPECT_GT(Find<QWidget>(window, "Picture2").width(), 570);
-}
-
-TEST_F(SplashTest, ClosesAtOnceOnItsButtonEnterAndEscape)
-{
-    for (const int key : {0, int(Qt::Key_Return), int(Qt::Key_Escape)}) {
-        frmSplash window(State, Pictures);
-        window.show();
-        if (key == 0)
-            Click(window, "Command1");
-        else
-            QTest::keyClick(&Find<QWidget>(window, "Command1"), static_cast<Qt::Key>(key));
+    for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+        auto& window = Show<frmSplash>(State, Pictures);
+        QTest::keyClick(&Find<QWidget>(window, "Command1"), key);
         EXPECT_FALSE(window.isVisible()) << key;
     }
+    auto& window = Show<frmSplash>(State, Pictures);
+    Click(window, "Command1");
+    EXPECT_FALSE(window.isVisible());
 }
 
-} // namespace
-} // namespace ecg
+}  // namespace
+}  // namespace ecg

@@ -1,0 +1,59 @@
+// Which patient a number means, and which number a new one gets.
+#include "record/PatientChoice.h"
+
+#include "support/TemporaryDataFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace ecg {
+namespace {
+
+class PatientChoiceTest : public testing::Test {
+protected:
+    void Add(const char* number, const char* name = "")
+    {
+        PatientRecord patient;
+        patient.No.Set(number);
+        patient.Name.Set(name);
+        ASSERT_TRUE(AppendPatient(Data.Paths(), patient, OpenFile));
+    }
+
+    std::string NewNumber() const { return ChooseNewPatient(Data.Paths())->Patient.No.Text(); }
+
+    const TemporaryDataFolder Data;
+};
+
+TEST_F(PatientChoiceTest, FindsANumberHoweverItIsWritten)
+{
+    for (int i = 0; i < 1500; ++i)
+        Add(std::to_string(100 + i).c_str(), "another");
+    Add("", "deleted");
+    Add("0042", "first");
+    Add("42", "second");
+    Add("RUVO00007", "quick");
+    for (const char* number : {"42", "000000042", "42  "})
+        EXPECT_EQ(ChoosePatient(Data.Paths(), number)->Patient.Name.Text(), "first") << number;
+    EXPECT_EQ(ChoosePatient(Data.Paths(), "ruvo00007")->Patient.No.Text(), "RUVO00007");
+    EXPECT_FALSE(ChoosePatient(Data.Paths(), "42")->IsNew);
+    EXPECT_TRUE(ChoosePatient(Data.Paths(), "43")->IsNew);
+    EXPECT_TRUE(ChoosePatient(Data.Paths(), "病7")->IsNew);
+}
+
+TEST_F(PatientChoiceTest, RefusesWhatCannotBeANumber)
+{
+    for (const char* number : {"", "  ", "1234567890", "病历号码五", "\xF0\x9F\x92\x93"})
+        EXPECT_FALSE(ChoosePatient(Data.Paths(), number)) << number;
+}
+
+TEST_F(PatientChoiceTest, NewNumbersHaveNeitherFolderNorPatient)
+{
+    EXPECT_EQ(NewNumber(), "RUVO00000");
+    std::filesystem::create_directory(Data.File("RUVO00000"));
+    std::filesystem::create_directory(Data.File("RUVO00002"));
+    EXPECT_EQ(NewNumber(), "RUVO00001");
+    Add("ruvo00001");
+    EXPECT_EQ(NewNumber(), "RUVO00003");
+}
+
+}  // namespace
+}  // namespace ecg

@@ -1,0 +1,89 @@
+// The program itself: what it prints, how it ends, and that a wrong call changes nothing.
+#include "HandMadeRecording.h"
+#include "support/FileBytes.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <sys/wait.h>
+
+namespace ecg {
+namespace {
+
+struct Ending {
+    int ExitCode = -1;
+    std::string Output;
+    std::string Errors;
+};
+
+class RecordProgramTest : public testing::Test {
+protected:
+    RecordProgramTest() { WriteHandMade(Data); }
+
+    // Runs the program in the program folder.
+    Ending Start(const std::string& arguments) const
+    {
+        const auto& folder = Data.Paths().Program;
+        const std::string command =
+            "cd '" + folder.string() + "' && '" ECG_RECORD "' " + arguments + " >output 2>errors";
+        const int status = std::system(command.c_str());
+        Ending run{WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileBytes(folder / "output"),
+                   FileBytes(folder / "errors")};
+        std::filesystem::remove(folder / "output");
+        std::filesystem::remove(folder / "errors");
+        return run;
+    }
+
+    const TemporaryDataFolder Data;
+};
+
+TEST_F(RecordProgramTest, PrintsThePathOfEachRecord)
+{
+    std::array<std::string, 2> paths;
+    for (std::string& path : paths) {  // within one second as a rule: the second one waits for the next
+        const Ending run = Start("import --patient 42 made.hea Data --system W");
+        ASSERT_EQ(run.ExitCode, 0) << run.Errors;
+        path = run.Output.substr(0, run.Output.find('\n'));
+        EXPECT_EQ(run.Output, path + "\n");
+        EXPECT_EQ(path.substr(0, 15), "Data/000000042/");
+        EXPECT_EQ(std::filesystem::file_size(Data.Paths().Program / path), 164784U);
+    }
+    EXPECT_NE(paths[0], paths[1]);
+}
+
+TEST_F(RecordProgramTest, RefusesAWrongCallInWordsAndChangesNothing)
+{
+    constexpr int failure = 1;
+    constexpr int usage = 2;
+    std::ofstream(Data.Paths().Program / "cut.hea") << "cut 2 500 100\nmade.dat 16\n";
+    std::ofstream(Data.Paths().Program / "lost.hea") << "lost 1 500 100\nnone.dat 16 200 16 0 0 0 0 ii\n";
+    const std::vector<std::tuple<const char*, int, const char*>> calls{
+        {"", usage, "which command"},
+        {"measure", usage, "unknown command measure"},
+        {"import", usage, "a header and a data folder"},
+        {"import made.hea Data Data", usage, "a header and a data folder"},
+        {"import made.hea Data --system X", usage, "W or F"},
+        {"import made.hea Data --patient ''", usage, "medical number"},
+        {"import made.hea Data --bed 3", usage, "unknown option --bed"},
+        {"import made.hea Data --patient 1234567890", failure, "1234567890"},
+        {"import made.hea Data --system F", failure, "no leads X, Y and Z"},
+        {"import made.hea nowhere", failure, "no folder nowhere"},
+        {"import made.hea made.dat", failure, "no folder made.dat"},
+        {"import none.hea Data", failure, "none.hea"},
+        {"import cut.hea Data", failure, ""},
+        {"import lost.hea Data", failure, "none.dat"},
+    };
+    const auto before = FolderContent(Data.Paths().Program);
+    for (const auto& [arguments, exitCode, words] : calls) {
+        const Ending run = Start(arguments);
+        EXPECT_EQ(run.ExitCode, exitCode) << arguments;
+        EXPECT_EQ(run.Output, "") << arguments;
+        EXPECT_EQ(run.Errors.rfind("ecg-record: ", 0), 0U) << arguments;
+        EXPECT_NE(run.Errors.find(words), std::string::npos) << arguments << ": " << run.Errors;
+        EXPECT_TRUE(FolderContent(Data.Paths().Program) == before) << arguments;
+    }
+}
+
+}  // namespace
+}  // namespace ecg
