@@ -1,6 +1,8 @@
-// Writes the inputs that fuzzing starts from: `fuzz_seeds FOLDER` fills FOLDER/decoder and FOLDER/settings.
+// Writes the inputs that fuzzing starts from: `fuzz_seeds FOLDER` fills a folder for each target in FOLDER.
 #include "box/WireFrame.h"
 #include "core/Settings.h"
+#include "core/formats/PatientRecord.h"
+#include "core/formats/RecordHeader.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -52,20 +54,53 @@ Bytes BeatSeed()
     return bytes;
 }
 
+template <class Record>
+Bytes BytesOf(const Record& record)
+{
+    const auto* first = reinterpret_cast<const std::uint8_t*>(&record);
+    return {first, first + sizeof record};
+}
+
 Bytes SettingsSeed()
 {
     SysInfo settings;
     LoadFactorySettings(settings, FactoryGroup::All, true);
     settings.HospitalName.Set("人民医院 General");
     settings.DoctorNames[0].Set("王医生");
-    const auto* first = reinterpret_cast<const std::uint8_t*>(&settings);
-    return {first, first + sizeof settings};
+    return BytesOf(settings);
+}
+
+// A number, a quick patient, a deleted slot, and a number that would lead out of the folder.
+Bytes PatientsSeed()
+{
+    Bytes bytes;
+    for (const char* number : {"12", "RUVO00001", "", "../up"}) {
+        PatientRecord patient;
+        patient.No.Set(number);
+        patient.Name.Set("张三*");
+        patient.BirthYear.Set("1980");
+        const Bytes record = BytesOf(patient);
+        bytes.insert(bytes.end(), record.begin(), record.end());
+    }
+    return bytes;
+}
+
+Bytes RecordSeed()
+{
+    RecordHeader header;
+    header.ExamTime.Set("20260309080507");
+    header.EventPos[0] = 1300;
+    header.EventText[0].Set("胸痛");
+    Bytes bytes = BytesOf(header);
+    bytes.resize(bytes.size() + 100);
+    return bytes;
 }
 
 bool WriteSeeds(const std::filesystem::path& folder)
 {
     return Write(folder / "decoder/wilson", StreamSeed(0x5A, 0, 15)) &&
            Write(folder / "decoder/frank", StreamSeed(0xC3, 1, 0)) && Write(folder / "decoder/beat", BeatSeed()) &&
+           Write(folder / "patients/patients", PatientsSeed()) && Write(folder / "record/record", RecordSeed()) &&
            Write(folder / "settings/factory", SettingsSeed()) &&
            Write(folder / "settings/ones", Bytes(sizeof(SysInfo), 0xFF));
 }

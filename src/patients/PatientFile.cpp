@@ -29,7 +29,9 @@ Slots ReadAll(ByteFile& file)
     slots.Records.resize(static_cast<std::size_t>(SlotCount(file)));
     const auto bytes = std::as_writable_bytes(std::span(slots.Records));
     const std::size_t got = file.ReadAt(0, bytes);
-    slots.Complete = static_cast<std::int64_t>(got) + recordBytes > file.Size();
+    const std::int64_t size = file.Size();
+    const std::int64_t wanted = std::min(size, std::ssize(bytes));
+    slots.Complete = static_cast<std::int64_t>(got) == wanted && size - wanted < recordBytes;
     slots.Records.resize((got + sizeof(PatientRecord) - 1) / sizeof(PatientRecord));
     return slots;
 }
