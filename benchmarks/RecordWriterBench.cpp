@@ -16,50 +16,56 @@ std::vector<RecordSample> HeartSamples(std::int64_t seconds)
     return samples;
 }
 
+// A sampling of so many seconds, in a data folder of its own.
+struct Sampling {
+    explicit Sampling(std::int64_t seconds) : Samples(HeartSamples(seconds)) { State.Folders = Folder.Paths(); }
+
+    void WriteAll()
+    {
+        for (const RecordSample& sample : Samples)
+            Writer.WriteSample(State.RecordNo++, sample);
+    }
+
+    TemporaryDataFolder Folder;
+    SharedState State;
+    std::vector<RecordSample> Samples;
+    RecordWriter Writer{State};
+};
+
 // One record after another of as many seconds as the argument tells, without opening and closing.
 void WriteSamples(benchmark::State& run)
 {
-    const TemporaryDataFolder folder;
-    SharedState state;
-    state.Folders = folder.Paths();
-    const auto samples = HeartSamples(run.range(0));
-    RecordWriter writer(state);
+    Sampling sampling(run.range(0));
     for (auto _ : run) {
         run.PauseTiming();
-        if (!writer.Open(SystemClock().Now())) {
+        if (!sampling.Writer.Open(SystemClock().Now())) {
             run.SkipWithError("the record could not be opened");
             return;
         }
         run.ResumeTiming();
-        for (const RecordSample& sample : samples)
-            writer.WriteSample(state.RecordNo++, sample);
+        sampling.WriteAll();
         run.PauseTiming();
-        writer.Delete();
+        sampling.Writer.Delete();
         run.ResumeTiming();
     }
-    run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(samples.size()));
+    run.SetItemsProcessed(run.iterations() * static_cast<std::int64_t>(sampling.Samples.size()));
 }
 
 // The pause at the end of a sampling: header, and all of it brought to the disk itself.
 void CloseRecord(benchmark::State& run)
 {
-    const TemporaryDataFolder folder;
-    SharedState state;
-    state.Folders = folder.Paths();
-    const auto samples = HeartSamples(run.range(0));
-    RecordWriter writer(state);
+    Sampling sampling(run.range(0));
     for (auto _ : run) {
         run.PauseTiming();
-        writer.Open(SystemClock().Now());
-        for (const RecordSample& sample : samples)
-            writer.WriteSample(state.RecordNo++, sample);
+        sampling.Writer.Open(SystemClock().Now());
+        sampling.WriteAll();
         run.ResumeTiming();
-        if (!writer.Close().IsWhole()) {
+        if (!sampling.Writer.Close().IsWhole()) {
             run.SkipWithError("the record could not be written");
             return;
         }
         run.PauseTiming();
-        std::filesystem::remove(state.Folders.File(state.RecordPath));
+        std::filesystem::remove(sampling.State.Folders.File(sampling.State.RecordPath));
         run.ResumeTiming();
     }
 }

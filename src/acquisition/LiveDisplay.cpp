@@ -20,11 +20,6 @@ constexpr int pulseRise = 8;
 constexpr int pulseFall = 21;
 constexpr int pulseEnd = 27;
 
-int ToInt(double value)
-{
-    return RoundToInt(value);
-}
-
 }  // namespace
 
 void LiveDisplay::UseSurfaces(Surface& grid, Surface& trace)
@@ -46,11 +41,11 @@ void LiveDisplay::LayoutLeadRows()
 {
     if (trace_ == nullptr)
         return;
-    const int height = ToInt(trace_->Height());
+    const int height = RoundToInt(trace_->Height());
     int shown = 0;
     for (const Byte show : settings_.LeadShow)
         shown += show == 1 ? 1 : 0;
-    rowHeight_ = ToInt(static_cast<double>(height) / (shown + 1));
+    rowHeight_ = RoundToInt(static_cast<double>(height) / (shown + 1));
     int row = 0;
     int hidden = 0;
     for (std::size_t lead = 0; lead < LeadCount; ++lead) {
@@ -61,7 +56,7 @@ void LiveDisplay::LayoutLeadRows()
     }
     for (std::size_t lead = 0; lead < vecPrev_.size(); ++lead)
         view_.MoveLeadCaption(LeadSystem::Frank, lead, 0,
-                              ToInt(static_cast<double>(lead + 1) * height / 4) + captionDrop);
+                              RoundToInt(static_cast<double>(lead + 1) * height / 4) + captionDrop);
     ResetSweep();
 }
 
@@ -71,7 +66,7 @@ void LiveDisplay::ResetSweep()
     if (trace_ == nullptr)
         return;
     trace_->Copy(*grid_, {0, 0, trace_->Width(), trace_->Height()}, {0, 0});
-    view_.TraceChanged(0, ToInt(trace_->Width()));
+    view_.TraceChanged(0, RoundToInt(trace_->Width()));
 }
 
 void LiveDisplay::DrawWilsonColumn(const RecordSample& sample, Colour colour, bool beat)
@@ -129,8 +124,8 @@ int LiveDisplay::DrawTrace(float row, float now, float& previous, Colour colour)
         now = 0;
     }
     const float scale = gainScale[LiveGainIndex(settings_)];
-    const int from = ToInt(row - previous / scale);
-    const int to = ToInt(row - now / scale);
+    const int from = RoundToInt(row - previous / scale);
+    const int to = RoundToInt(row - now / scale);
     const double x = sweepX_;
     trace_->Line({x - 1, static_cast<double>(from)}, {x, static_cast<double>(to)}, colour);
     previous = now;
