@@ -57,7 +57,8 @@ void FramePath::TakeSample(LeadSystem system, const RecordSample& sample)
         sink_.OnSampledTime(system, state_.SampledFrames);
     if (sampling_ == nullptr)
         return;
-    sampling_->WriteSample(state_.RecordNo++, sample);
+    state_.BlockStart = state_.RecordNo++;
+    sampling_->WriteSample(state_.BlockStart, sample);
     if (state_.SysInfo.SystemControlTime == 1 && state_.SampledFrames >= state_.SysInfo.SampleLimit)
         sampling_->LimitReached();
 }

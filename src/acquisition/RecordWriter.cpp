@@ -50,6 +50,7 @@ bool RecordWriter::Open(const CalendarTime& start)
     state_.CurrentHeader.EventPos = {};
     state_.CurrentHeader.DoctorNote = {};
     state_.RecordNo = FirstSampleSlot;
+    state_.BlockStart = FirstSampleSlot;
     state_.SampledFrames = 0;
     written_ = 0;
     failed_ = 0;

@@ -32,12 +32,15 @@ struct SharedState {
     std::int32_t FrankSamples = 0;
     std::int32_t SampledFrames = 0;  // frames written in this sampling
     std::int32_t RecordNo = 0;       // next slot of the sample file
+    std::int32_t BlockStart = 0;     // slot on view in a review; during sampling, the slot written last
 
     PatientRecord CurrentPatient;
     PatientRecord ReferencePatient;  // of a record chosen for comparison
     RecordHeader CurrentHeader;
-    std::string RecordPath;   // record in review, from the data folder on, with backslashes
-    Byte RecordOpenMode = 0;  // 1 the record came from acquisition, 0 from the database window
+    RecordHeader WorkHeader;        // of the record whose department and bed are being changed
+    std::string CurrentRecordFile;  // name of the file that is selected in the database window
+    std::string RecordPath;         // record in review, from the data folder on, with backslashes
+    Byte RecordOpenMode = 0;        // 1 the record came from acquisition, 0 from the database window
 
     // How the window opened next is to behave.
     int HelpContext = 0;

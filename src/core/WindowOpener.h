@@ -13,7 +13,9 @@ enum class WindowName {
     frmZSK,
     frmResult,
     frmPatInput,
-    frmAskSamp
+    frmAskSamp,
+    frmFindPat,
+    frmChangeClass
 };
 
 class WindowOpener {

@@ -8,6 +8,7 @@
 #include "core/SharedState.h"
 #include "patients/PatientFile.h"
 #include "patients/PatientFolders.h"
+#include "patients/PatientSearch.h"
 #include "patients/PatientTable.h"
 #include "patients/RecordTable.h"
 #include "platform/Clock.h"
@@ -71,6 +72,7 @@ public:
     PatientFolders Folders;
     PatientTable Patients;
     RecordTable Records;
+    SearchConditions Search;  // the last ones, kept for the whole run
 
 private:
     bool Load(PatientRecord& into);

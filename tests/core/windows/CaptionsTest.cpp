@@ -4,47 +4,10 @@
 #include "core/windows/frmSelectName.h"
 #include "core/windows/frmSplash.h"
 #include "core/windows/frmSysSet.h"
-
-#include <QGroupBox>
-#include <QTabWidget>
-
-#include <set>
+#include "support/WindowWords.h"
 
 namespace ecg {
 namespace {
-
-using Words = std::set<QString>;
-
-// Every word that a window shows on any of its tabs.
-Words WordsOf(QWidget& window)
-{
-    Words words{window.windowTitle()};
-    for (const auto* label : window.findChildren<QLabel*>())
-        words.insert(label->text());
-    for (const auto* button : window.findChildren<QAbstractButton*>())
-        words.insert(button->text());
-    for (const auto* group : window.findChildren<QGroupBox*>())
-        words.insert(group->title());
-    for (const auto* tabs : window.findChildren<QTabWidget*>())
-        for (int i = 0; i < tabs->count(); ++i)
-            words.insert(tabs->tabText(i));
-    return words;
-}
-
-// What shows of the window is as wide as its words.
-void ExpectRoomForAllWords(QWidget& window)
-{
-    EXPECT_LE(window.width(), 1024);
-    EXPECT_LE(window.height(), 720);  // the frame of the window and a task bar take the rest of 768
-    for (const auto* label : window.findChildren<QLabel*>()) {
-        const bool isLine = label->isVisible() && !label->wordWrap();
-        EXPECT_TRUE(!isLine || label->width() >= label->sizeHint().width()) << label->text().toStdString();
-    }
-    for (const auto* button : window.findChildren<QAbstractButton*>()) {
-        const bool hasWords = button->isVisible() && !button->text().isEmpty();
-        EXPECT_TRUE(!hasWords || button->width() >= button->sizeHint().width()) << button->text().toStdString();
-    }
-}
 
 struct WindowCase {
     const char* Name;
@@ -59,19 +22,7 @@ TEST_P(Captions, AreInTheLanguageThatRunsAndFit)
     for (const bool chinese : {true, false}) {
         State.SysInfo.Language = chinese ? 1 : 2;
         auto& window = GetParam().Show(*this);
-        const Words words = WordsOf(window);
-        for (const Twin& caption : GetParam().Captions)
-            EXPECT_EQ(words.count(caption.In(chinese)), 1U) << caption.In(chinese);
-        for (const QString& word : words)
-            for (const QChar character : word)
-                EXPECT_TRUE(chinese || character.script() != QChar::Script_Han) << word.toStdString();
-        auto* tabs = window.findChild<QTabWidget*>();
-        for (int i = 0; i < (tabs == nullptr ? 1 : tabs->count()); ++i) {
-            if (tabs != nullptr)
-                tabs->setCurrentIndex(i);
-            QApplication::processEvents();
-            ExpectRoomForAllWords(window);
-        }
+        ExpectCaptions(window, chinese, GetParam().Captions);
     }
 }
 
