@@ -7,7 +7,6 @@
 #include "wfdb/RecordingFrames.h"
 
 #include <algorithm>
-#include <ranges>
 #include <vector>
 
 namespace ecg {
@@ -53,8 +52,8 @@ public:
 
     RecordOutcome Record(std::span<const Frame> frames, const CalendarTime& start)
     {
-        for (const Frame& frame : frames.first(std::min(frames.size(), watchedFrames)) | std::views::reverse)
-            Process(frame);
+        for (std::size_t i = std::min(frames.size(), watchedFrames); i > 0; --i)
+            Process(frames[i - 1]);
         if (!writer_.Open(start))
             return writer_.Close();
         state_.ExamState = ExamState::Sampling;
