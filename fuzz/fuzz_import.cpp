@@ -17,6 +17,9 @@ namespace {
 
 using Bytes = std::span<const std::uint8_t>;
 
+// At one sample a second each makes 500 frames, and more of them would only take longer.
+constexpr std::size_t mostSampleBytes = 100;
+
 // Takes what stands before the next zero byte, and that byte.
 Bytes TakePart(Bytes& input)
 {
@@ -69,8 +72,9 @@ void Import(Bytes input, const Folders& folders)
     input = input.subspan(1);
     const Bytes number = TakePart(input);
     Write(header, TakePart(input));
-    Write(folders.Program / "a", input);
-    Write(folders.Program / "b", input);
+    const Bytes samples = input.first(std::min(input.size(), mostSampleBytes));
+    Write(folders.Program / "a", samples);
+    Write(folders.Program / "b", samples);
     ReadAsAnnotations(input);
 
     ImportOptions options{header, folders.Data, {}, system};
