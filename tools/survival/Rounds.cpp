@@ -1,6 +1,7 @@
 #include "survival/Rounds.h"
 
 #include "core/DataFolder.h"
+#include "core/PatientNumber.h"
 #include "demo/DemoFiles.h"
 #include "patients/PatientFile.h"
 #include "patients/PatientMoves.h"
@@ -16,10 +17,10 @@ namespace {
 using namespace std::chrono_literals;
 using SteadyClock = std::chrono::steady_clock;
 
-constexpr std::array kinds{"start",  "enter",    "change", "renumber", "merge",
-                           "remove", "unrecord", "quick",  "sampling", "finish"};
+constexpr std::array kinds{"enter", "change", "renumber", "merge", "remove", "unrecord", "quick", "sampling", "finish"};
 constexpr auto longestRound = 60s;
-constexpr int patientsAtFirst = 500;  // so that compaction and lists have something to do
+constexpr double partAtChanges = 0.7;  // of the kills come just before a change of the disk, the others at any time
+constexpr int patientsAtFirst = 500;   // so that compaction and lists have something to do
 
 // The step of the work in which `kind` is a part.
 std::string FavouriteFor(const std::string& kind)
@@ -60,16 +61,29 @@ bool Rounds::Prepare()
     std::error_code error;
     const auto own = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
     std::filesystem::create_directory_symlink(own / "pictures", program_ / "pictures", error);
+    bool made = WriteDemoFiles(folders.Data).empty();
+    for (int i = 0; i < patientsAtFirst; ++i)
+        made = made && GivePatient(folders.Data, i);
+    return made;
+}
+
+// A patient with one record, of one sample.
+bool Rounds::GivePatient(const std::filesystem::path& data, int i)
+{
+    constexpr int firstNumber = 1'000'000;
+    constexpr std::size_t recordBytes = 4800;
+    const Words fields{std::to_string(firstNumber + i), "given" + std::to_string(i), "40", "170", "70"};
+    const std::string folder = PatientFolderName(fields[0]);
+    const std::string name = "20260101000000.W";
+    std::filesystem::create_directory(data / folder);
+    std::ofstream(data / folder / name) << std::string(recordBytes, static_cast<char>('a' + i % 26));
+
+    ledger_.Begin({"given", fields[0], fields[1], fields[2], fields[3], fields[4]});
+    ledger_.Done({});
+    ledger_.Begin({"finish", folder});
+    ledger_.Done({folder, name, Fingerprint(data / folder / name)});
     DiskFileSystem disk;
-    PatientFile patients(disk, folders.Data);
-    bool given = true;
-    for (int i = 0; i < patientsAtFirst; ++i) {
-        const Words fields{std::to_string(1'000'000 + i), "given" + std::to_string(i), "40", "170", "70"};
-        given = given && patients.Append(EnteredPatient(fields));
-        ledger_.Begin({"given", fields[0], fields[1], fields[2], fields[3], fields[4]});
-        ledger_.Done({});
-    }
-    return given && WriteDemoFiles(folders.Data).empty();
+    return PatientFile(disk, data).Append(EnteredPatient(fields)).has_value();
 }
 
 Child Rounds::StartChild(const std::string& favourite)
@@ -77,9 +91,22 @@ Child Rounds::StartChild(const std::string& favourite)
     return Child({"--worker", program_.string(), std::to_string(seed_ + starts_++), favourite}, folder_ / "output.txt");
 }
 
+// A start changes something only when patients were deleted before it: then it has its turn more often.
+std::string Rounds::ChooseKind()
+{
+    constexpr double partInStart = 0.3;
+    const auto data = OpenDataFolder(program_).Data;
+    std::error_code error;
+    const bool hasGaps =
+        std::filesystem::file_size(data / PatientFileName, error) > ledger_.PatientCount() * sizeof(PatientRecord);
+    if (hasGaps && std::bernoulli_distribution(partInStart)(random_))
+        return "start";
+    return kinds[std::uniform_int_distribution<std::size_t>(0, kinds.size() - 1)(random_)];
+}
+
 bool Rounds::PlayRound(int round)
 {
-    const std::string kind = kinds[std::uniform_int_distribution<std::size_t>(0, kinds.size() - 1)(random_)];
+    const std::string kind = ChooseKind();
     journal_ << "round " << round << ": kill in " << kind << std::endl;
     Child child = StartChild(FavouriteFor(kind));
     const auto end = SteadyClock::now() + longestRound;
@@ -97,7 +124,7 @@ bool Rounds::PlayRound(int round)
 
 bool Rounds::KillIn(Child& child, const std::string& kind)
 {
-    if (std::bernoulli_distribution()(random_)) {
+    if (std::bernoulli_distribution(partAtChanges)(random_)) {
         child.KillAtFileChange(Change(kind));
     } else {
         child.Tell("go");

@@ -28,6 +28,8 @@ private:
     };
 
     bool Prepare();
+    bool GivePatient(const std::filesystem::path& data, int i);
+    std::string ChooseKind();
     bool PlayRound(int round);
     bool PlayLastStart();
     Child StartChild(const std::string& favourite);
