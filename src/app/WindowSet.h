@@ -8,13 +8,17 @@
 #include "platform/Printer.h"
 #include "platform/qt/Pictures.h"
 
+#include <QPointer>
 #include <QWidget>
 
 namespace ecg {
 
+class frmPat;
+
 class WindowSet final : public WindowOpener {
 public:
     WindowSet(SharedState& state, AboutPat& patients, MessageBox& messages, Printer& printer, const Pictures& pictures);
+    ~WindowSet() override;
 
     // Windows opened from now on lie on top of `parent`.
     void SetParent(QWidget* parent) { parent_ = parent; }
@@ -26,6 +30,9 @@ public:
 
 private:
     bool Run(WindowName window);
+    void LoadPatients();
+    void OpenDatabase();
+    QWidget* Front() const;
 
     SharedState& state_;
     AboutPat& patients_;
@@ -33,6 +40,7 @@ private:
     Printer& printer_;
     const Pictures& pictures_;
     QWidget* parent_ = nullptr;
+    QPointer<frmPat> database_;
 };
 
 }  // namespace ecg

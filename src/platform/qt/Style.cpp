@@ -60,6 +60,23 @@ QTabBar::tab {
 QTabBar::tab:selected { background: #bec798; font-weight: bold; margin-bottom: -1px; }
 QTabBar::tab:hover:!selected { background: #d6ddb8; }
 QTabBar::tab:focus { border: 2px solid #185c60; }
+QTableView {
+    background: #f6f8ee; alternate-background-color: #eaeedb; color: #262e1c; border: 2px solid #7d8660;
+    gridline-color: #d6ddb8; selection-background-color: #4f7f7c; selection-color: white;
+}
+QTableView:focus { border-color: #185c60; selection-background-color: #185c60; }
+QPushButton[gridHeader="true"] {
+    background: #aeb788; border: none; border-right: 1px solid #7d8660; border-radius: 0; padding: 2px; font-weight: bold;
+}
+QPushButton[gridHeader="true"]:hover { background: #d6ddb8; }
+QPushButton[gridHeader="true"]:focus { border: 2px solid #185c60; padding: 0; }
+QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 4px 8px; color: #262e1c; }
+QToolButton:hover:enabled { background: #d6ddb8; border-color: #55603c; }
+QToolButton:pressed { background: #9ea876; }
+QToolButton:focus { border: 2px solid #185c60; padding: 3px 7px; }
+QToolButton:disabled { color: #545c3e; }
+QProgressBar { background: #f6f8ee; border: 1px solid #7d8660; border-radius: 3px; text-align: center; height: 18px; }
+QProgressBar::chunk { background: #aeb788; }
 )";
 
 QPalette ClinicalPalette()
