@@ -2,6 +2,7 @@
 
 #include "box/BoxSimulator.h"
 #include "core/Labels.h"
+#include "tour/PatientTour.h"
 #include "tour/StartScene.h"
 
 #include <QAbstractButton>
@@ -166,6 +167,8 @@ void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
     PlayElectrode(tour, window, box);
     PlayUnplug(tour, window, box);
     PlayQuickExamination(tour, workstation);
+    PlayDoubleExamination(tour, workstation, "zh");
+    PlayDatabase(tour, workstation, "zh");
     PlayMessage(tour, workstation, "zh");
     PlaySettings(tour, window, "zh");
     PlayExit(tour, workstation);
@@ -201,6 +204,8 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     window.resize(1024, 768);
     tour.Wait(3000);
     tour.Picture(window, "english");
+    PlayDoubleExamination(tour, workstation, "en");
+    PlayDatabase(tour, workstation, "en");
     PlayMessage(tour, workstation, "en");
     PlaySettings(tour, window, "en");
     PlayExit(tour, workstation);

@@ -15,7 +15,7 @@ class PatientTabModel final : public QAbstractTableModel {
 public:
     PatientTabModel(const PatientTable& patients, bool chinese) : patients_(patients), chinese_(chinese) { Refresh(); }
 
-    void Refresh();           // the table has changed
+    void Refresh();  // the table has changed
     void RefreshRow(int tableRow);
 
     int TableRow(int viewRow) const;  // `NoRow` outside

@@ -18,9 +18,9 @@
 namespace ecg {
 namespace {
 
-constexpr int gridRowHeight = 24;     // pixels
-constexpr int headerHeight = 28;  // pixels
-constexpr int arrowSize = 10;     // pixels
+constexpr int gridRowHeight = 24;  // pixels
+constexpr int headerHeight = 28;   // pixels
+constexpr int arrowSize = 10;      // pixels
 
 QIcon SortArrow(bool descending)
 {

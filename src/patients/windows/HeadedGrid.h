@@ -31,9 +31,9 @@ class GridView final : public QTableView {
 public:
     explicit GridView(QWidget* parent);
 
-    std::function<void(int row)> OnChosen;  // the mouse was released over a row, or a key moved to it
-    std::function<void()> OnOpen;           // double click, or Enter
-    std::function<void()> OnDelete;         // the Delete key
+    std::function<void(int row)> OnChosen;            // the mouse was released over a row, or a key moved to it
+    std::function<void()> OnOpen;                     // double click, or Enter
+    std::function<void()> OnDelete;                   // the Delete key
     std::function<void(const QPoint& place)> OnMenu;  // on the screen
 
 protected:

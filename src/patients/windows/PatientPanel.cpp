@@ -16,7 +16,7 @@ constexpr int fieldsWidth = 272;  // pixels
 constexpr int flagsWidth = 208;   // pixels
 constexpr int fieldTitleWidth = 64;
 constexpr int flagTitleWidth = 152;
-constexpr int lineGap = 3;        // pixels
+constexpr int lineGap = 3;  // pixels
 constexpr int firstCustomItem = 12;
 constexpr int firstFlag = 20;
 

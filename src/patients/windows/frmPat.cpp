@@ -29,8 +29,9 @@ constexpr Twin deletePatientsTitle{"确认删除患者资料", "Delete Patient I
 constexpr Twin deletePatients{"确认删除选择的患者资料和该患者的所有历史记录吗？\n\n共删除 ",
                               "Delete Selected Patient Information and Record?\n\nDelete "};
 constexpr Twin deletePatientsEnd{" 个患者的资料", " Patient Information"};
-constexpr ProgressWords deleting{{"正在删除选择的患者资料，请稍侯...", "Deleting Selected Patient Information ,Waiting..."},
-                                 {"已经删除", "Already Delete"}};
+constexpr ProgressWords deleting{
+    {"正在删除选择的患者资料，请稍侯...", "Deleting Selected Patient Information ,Waiting..."},
+    {"已经删除", "Already Delete"}};
 constexpr Twin subFolder{"在 \\data\\", "Under \\data\\"};
 constexpr Twin subFolderEnd{" 下非法拥有子目录\n必须用手工删除它下面的所有子目录！",
                             " ,A SubDirectory Exist\nMust Delete Them Before!"};
@@ -41,8 +42,9 @@ constexpr Twin patientStays{"无法删除该患者的文件，患者资料仍然
 constexpr Twin deleteRecordsTitle{"确认删除记录", "Conform Delete Record"};
 constexpr Twin deleteRecords{"确认删除选择的 ", "Conform Delete "};
 constexpr Twin deleteRecordsEnd{" 条检查记录吗？", " Records?"};
-constexpr Twin recordStays{"有的检查记录无法删除，仍然保留。请检查数据文件夹的权限。",
-                           "Some records could not be deleted and stay. Please check the permissions of the data folder."};
+constexpr Twin recordStays{
+    "有的检查记录无法删除，仍然保留。请检查数据文件夹的权限。",
+    "Some records could not be deleted and stay. Please check the permissions of the data folder."};
 constexpr Twin recordUnreadable{"无法读取该检查记录。文件可能已损坏或被删除。",
                                 "This record cannot be read. Its file may be damaged or gone."};
 constexpr Twin recordUnwritable{"送检单位和床位号没有保存。请检查磁盘空间和文件的权限。",
@@ -193,8 +195,8 @@ void frmPat::DeletePatients()
     const auto [first, last] = PatientTab_->SelectedRows();
     const auto rows = RowsBetween(database_.Patients, patients_.TableRow(first), patients_.TableRow(last));
     const bool chinese = state_.Chinese();
-    if (rows.empty() || !Asks(deletePatientsTitle, deletePatients.In(chinese) + std::to_string(rows.size()) +
-                                                       deletePatientsEnd.In(chinese)))
+    if (rows.empty() || !Asks(deletePatientsTitle,
+                              deletePatients.In(chinese) + std::to_string(rows.size()) + deletePatientsEnd.In(chinese)))
         return;
     Removal removal;
     {
@@ -230,8 +232,8 @@ void frmPat::DeleteRecords()
     const auto [first, last] = RecTab_->SelectedRows();
     const int count = first < 0 ? 0 : last - first + 1;
     const bool chinese = state_.Chinese();
-    if (count == 0 || !Asks(deleteRecordsTitle,
-                            deleteRecords.In(chinese) + std::to_string(count) + deleteRecordsEnd.In(chinese)))
+    if (count == 0 ||
+        !Asks(deleteRecordsTitle, deleteRecords.In(chinese) + std::to_string(count) + deleteRecordsEnd.In(chinese)))
         return;
     const int removed = RemoveRecords(database_, first, last);
     patients_.RefreshRow(database_.SelectedRow());

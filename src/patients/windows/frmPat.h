@@ -91,7 +91,7 @@ private:
     PatientTabModel patients_;
     RecTabModel records_;
     int shownPatients_ = 0;  // rows of the table when the grid was filled
-    bool busy_ = false;    // a long deletion runs
+    bool busy_ = false;      // a long deletion runs
     bool unasked_ = false;
 
     HeadedGrid* PatientTab_ = nullptr;

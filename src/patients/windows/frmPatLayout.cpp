@@ -29,46 +29,43 @@ constexpr std::array<GridColumn, 7> patientColumns{{{{"病历号", "Med No."}, {
                                                     {{"体重", "Wei"}, {"患者体重", "Patient Weight"}, 56},
                                                     {{"记录", "Rec"}, {"记录次数", "Reccord Times"}, 56}}};
 
-constexpr std::array<GridColumn, 8> recordColumns{
-    {{{"心电图号", "ECG No."}, {"心电图编号", "ECG Number"}, 148},
-     {{"时间", "Time"}, {"记录时间", "Record Time"}, 148},
-     {{"时长", "Period"}, {"记录时间长度", "Record Time Lenght"}, 76},
-     {{"类型", "Type"}, {"记录类型", "Record Type"}, 56},
-     {{"事件", "Eve"}, {"事件次数", "Event Times"}, 56},
-     {{"送检单位", "Class"}, {"送检单位名称", "Class Name"}, 120},
-     {{"床位", "Bed"}, {"床位号", "Bed Number"}, 80},
-     {{"诊断", "Diagnosis"}, {"医生诊断", "Doctor Diagnosis"}, 260}}};
+constexpr std::array<GridColumn, 8> recordColumns{{{{"心电图号", "ECG No."}, {"心电图编号", "ECG Number"}, 148},
+                                                   {{"时间", "Time"}, {"记录时间", "Record Time"}, 148},
+                                                   {{"时长", "Period"}, {"记录时间长度", "Record Time Lenght"}, 76},
+                                                   {{"类型", "Type"}, {"记录类型", "Record Type"}, 56},
+                                                   {{"事件", "Eve"}, {"事件次数", "Event Times"}, 56},
+                                                   {{"送检单位", "Class"}, {"送检单位名称", "Class Name"}, 120},
+                                                   {{"床位", "Bed"}, {"床位号", "Bed Number"}, 80},
+                                                   {{"诊断", "Diagnosis"}, {"医生诊断", "Doctor Diagnosis"}, 260}}};
 
 struct Command {
     Twin Caption;
     const char* Picture;
 };
 
-constexpr std::array<Command, 6> commands{
-    {{{"增加患者资料", "Add a patient information"}, "patient-add"},
-     {{"修改患者资料", "Modify a patient information"}, "patient-modify"},
-     {{"删除患者资料", "Delete a patient information"}, "patient-delete"},
-     {{"检索患者", "Search a patient"}, "patient-search"},
-     {{"删除检查记录", "Delete a Record"}, "record-delete"},
-     {{"分析记录和打印报告", "Analysis and print the report"}, "record-open"}}};
+constexpr std::array<Command, 6> commands{{{{"增加患者资料", "Add a patient information"}, "patient-add"},
+                                           {{"修改患者资料", "Modify a patient information"}, "patient-modify"},
+                                           {{"删除患者资料", "Delete a patient information"}, "patient-delete"},
+                                           {{"检索患者", "Search a patient"}, "patient-search"},
+                                           {{"删除检查记录", "Delete a Record"}, "record-delete"},
+                                           {{"分析记录和打印报告", "Analysis and print the report"}, "record-open"}}};
 constexpr std::size_t patientCommands = 4;  // the first of them
 
 constexpr Twin changeClass{"修改送检单位和床位号", "Change the class and bed"};
 
-constexpr std::array<Twin, 2> managing{
-    {{"当前状态：数据库管理窗口", "Current State：Database Manage Window"},
-     {"您可以 ①进行有关患者资料的操作 ②浏览和删除过去的检查记录。",
-      "You can 1.Modify Patient Information 2.Load or Delete Record"}}};
+constexpr std::array<Twin, 2> managing{{{"当前状态：数据库管理窗口", "Current State：Database Manage Window"},
+                                        {"您可以 ①进行有关患者资料的操作 ②浏览和删除过去的检查记录。",
+                                         "You can 1.Modify Patient Information 2.Load or Delete Record"}}};
 constexpr std::array<Twin, 2> picking{
     {{"当前状态：选择用于对照的检查记录", "Current State：Select Record for Reference"},
-     {"方法：①选择需要的患者和检查记录 ②按窗口右上【×】键返回。",
-      "Step:1.Select Patient and Record 2.Press [×]Key"}}};
+     {"方法：①选择需要的患者和检查记录 ②按窗口右上【×】键返回。", "Step:1.Select Patient and Record 2.Press [×]Key"}}};
 
 constexpr std::array<Twin, 3> keyTips{{{"退出本窗口", "Exit"},
                                        {"获取本窗口的帮助信息", "Help of Current Window"},
                                        {"打开知识库窗口", "Open Knowology Window"}}};
 
-constexpr Twin nobody{"没有患者资料，请按鼠标右键增加。", "There are no patients. Add one with the right mouse button."};
+constexpr Twin nobody{"没有患者资料，请按鼠标右键增加。",
+                      "There are no patients. Add one with the right mouse button."};
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include <QProgressBar>
 #include <QTableView>
 #include <QToolButton>
+
 #include <gmock/gmock.h>
 
 namespace ecg {
@@ -147,8 +148,7 @@ TEST_F(PatTest, ASubFolderStopsADeletionAndIsTold)
     Grid(window, "PatientTab").selectAll();
     Click(window, "FunKey_2");
     EXPECT_THAT(Cells(window, "PatientTab", 0), ElementsAre("000000002", "000000003"));
-    EXPECT_EQ(messages_.Shown.back().Text,
-              "Under \\data\\000000002 ,A SubDirectory Exist\nMust Delete Them Before!");
+    EXPECT_EQ(messages_.Shown.back().Text, "Under \\data\\000000002 ,A SubDirectory Exist\nMust Delete Them Before!");
 }
 
 TEST_F(PatTest, DeletesRecordsAndLeavesTheFolder)
