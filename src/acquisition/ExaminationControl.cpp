@@ -225,7 +225,6 @@ void ExaminationControl::GoOn()
 
 void ExaminationControl::SampleAgain()
 {
-    windows_.Close(WindowName::frmNote);  // its events are those of the record that goes
     state_.ExamState = ExamState::Ready;
     writer_.Delete();
     monitor_.Display().ResetSweep();

@@ -1,11 +1,14 @@
 #include "app/WindowSet.h"
 
+#include "acquisition/windows/frmAskSamp.h"
 #include "core/windows/frmMsg.h"
 #include "core/windows/frmSelectName.h"
 #include "core/windows/frmSplash.h"
 #include "core/windows/frmSysSet.h"
 #include "patients/windows/ProgressPanel.h"
 #include "patients/windows/frmChangeClass.h"
+#include "patients/windows/frmFindPat.h"
+#include "patients/windows/frmNote.h"
 #include "patients/windows/frmPat.h"
 #include "platform/qt/BusyCursor.h"
 
@@ -67,9 +70,25 @@ bool WindowSet::Run(WindowName window)
     case WindowName::frmChangeClass:
         frmChangeClass(state_, behind).exec();
         return true;
+    case WindowName::frmFindPat:
+        frmFindPat(state_, patients_.Search, behind).exec();
+        return true;
+    case WindowName::frmAskSamp:
+        frmAskSamp(state_, pictures_, behind).exec();
+        return true;
+    case WindowName::frmNote:
+        RunEvents(behind);
+        return true;
     default:
         return false;
     }
+}
+
+void WindowSet::RunEvents(QWidget* behind)
+{
+    frmNote window(state_, patients_.Files(), messages_, behind);
+    events_ = &window;
+    window.exec();
 }
 
 bool WindowSet::Show(WindowName window)
@@ -114,6 +133,8 @@ void WindowSet::Close(WindowName window)
 {
     if (window == WindowName::frmPat && database_)
         database_->CloseUnasked();
+    if (window == WindowName::frmNote && events_)
+        events_->Finish();
 }
 
 void WindowSet::PumpMessages()

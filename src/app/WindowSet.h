@@ -13,6 +13,7 @@
 
 namespace ecg {
 
+class frmNote;
 class frmPat;
 
 class WindowSet final : public WindowOpener {
@@ -30,6 +31,7 @@ public:
 
 private:
     bool Run(WindowName window);
+    void RunEvents(QWidget* behind);
     void LoadPatients();
     void OpenDatabase();
     QWidget* Front() const;
@@ -41,6 +43,7 @@ private:
     const Pictures& pictures_;
     QWidget* parent_ = nullptr;
     QPointer<frmPat> database_;
+    QPointer<frmNote> events_;
 };
 
 }  // namespace ecg

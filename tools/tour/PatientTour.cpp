@@ -17,8 +17,7 @@ constexpr std::uintmax_t tenSecondsBytes = 4784 + 5000 * 16;
 void ClickRow(TourDriver& tour, QWidget& window, const char* grid, int row)
 {
     auto& view = tour.Find<QTableView>(window, grid);
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {},
-                      view.visualRect(view.model()->index(row, 0)).center());
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
 }
 
 void Trigger(TourDriver& tour, QWidget& window, const char* menu)
@@ -67,13 +66,14 @@ void PlayElectrodes(TourDriver& tour, QWidget& prompt, const QString& name)
 
 void PlayEvent(TourDriver& tour, QWidget& window, const QString& language)
 {
-    tour.InWindow("frmNote", [&] { tour.Click(window, "KeyPic_13"); },
-                  [&](QWidget& note) {
-                      Trigger(tour, note, "AddNoteMenu");
-                      tour.Type(note, "Text3", "胸闷，心悸");
-                      tour.Picture(note, "event-" + language);
-                      tour.Click(note, "Command1_1");
-                  });
+    tour.InWindow(
+        "frmNote", [&] { tour.Click(window, "KeyPic_13"); },
+        [&](QWidget& note) {
+            Trigger(tour, note, "AddNoteMenu");
+            tour.Type(note, "Text3", "胸闷，心悸");
+            tour.Picture(note, "event-" + language);
+            tour.Click(note, "Command1_1");
+        });
 }
 
 // From the key to the window that tells of the record.
@@ -120,14 +120,19 @@ void PlayDoubleExamination(TourDriver& tour, Workstation& workstation, const QSt
 {
     QWidget& window = workstation.MainWindow();
     const auto entry = [&] {
-        tour.InWindow("frmPatInput", [&] { tour.Click(window, "KeyPic_16"); },
-                      [&](QWidget& input) { PlayEntry(tour, input, language); });
+        tour.InWindow(
+            "frmPatInput", [&] { tour.Click(window, "KeyPic_16"); },
+            [&](QWidget& input) { PlayEntry(tour, input, language); });
     };
-    tour.InWindow("frmAskSamp", entry, [&](QWidget& prompt) { PlayElectrodes(tour, prompt, "electrodes-wilson-" + language); });
+    tour.InWindow("frmAskSamp", entry,
+                  [&](QWidget& prompt) { PlayElectrodes(tour, prompt, "electrodes-wilson-" + language); });
     tour.Check(workstation.State().ExamState == ExamState::Ready, "the patient is ready to be sampled");
     tour.Picture(window, "ready-" + language);
-    const auto wilson = [&] { PlaySampling(tour, workstation, "sampling-wilson-" + language, [&] { PlayEvent(tour, window, language); }); };
-    tour.InWindow("frmAskSamp", wilson, [&](QWidget& prompt) { PlayElectrodes(tour, prompt, "electrodes-frank-" + language); });
+    const auto wilson = [&] {
+        PlaySampling(tour, workstation, "sampling-wilson-" + language, [&] { PlayEvent(tour, window, language); });
+    };
+    tour.InWindow("frmAskSamp", wilson,
+                  [&](QWidget& prompt) { PlayElectrodes(tour, prompt, "electrodes-frank-" + language); });
     PlaySampling(tour, workstation, "sampling-frank-" + language, [] {});
     tour.Check(workstation.State().ExamState == ExamState::Waiting, "the examination is over");
 }
@@ -141,29 +146,32 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     const int before = rows.rowCount();
     tour.Picture(database, "database-" + language);
 
-    tour.InWindow("frmPatInput", [&] { tour.Click(database, "FunKey_0"); },
-                  [&](QWidget& entry) {
-                      EnterPatient(tour, entry);
-                      ShowBothPages(tour, entry, "add-" + language);
-                      tour.Click(entry, "Command1_1");
-                  });
+    tour.InWindow(
+        "frmPatInput", [&] { tour.Click(database, "FunKey_0"); },
+        [&](QWidget& entry) {
+            EnterPatient(tour, entry);
+            ShowBothPages(tour, entry, "add-" + language);
+            tour.Click(entry, "Command1_1");
+        });
     tour.Check(rows.rowCount() == before + 1, "a patient was added");
-    tour.InWindow("frmPatInput", [&] { tour.Click(database, "FunKey_1"); },
-                  [&](QWidget& entry) {
-                      tour.Type(entry, "Text1_0", "张小明");
-                      tour.Picture(entry, "modify-" + language);
-                      tour.Click(entry, "Command1_1");
-                  });
+    tour.InWindow(
+        "frmPatInput", [&] { tour.Click(database, "FunKey_1"); },
+        [&](QWidget& entry) {
+            tour.Type(entry, "Text1_0", "张小明");
+            tour.Picture(entry, "modify-" + language);
+            tour.Click(entry, "Command1_1");
+        });
     tour.Check(tour.Find<QLabel>(database, "Label3_1").text() == "张小明", "the new name shows");
     PlaySearch(tour, database, language);
     tour.Check(rows.rowCount() == before + 1, "without a condition all patients are listed");
 
     ClickRow(tour, database, "PatientTab", 0);
-    tour.InWindow("frmChangeClass", [&] { Trigger(tour, database, "Menu2_2"); },
-                  [&](QWidget& window) {
-                      tour.Picture(window, "class-and-bed-" + language);
-                      tour.Click(window, "Command1_1");
-                  });
+    tour.InWindow(
+        "frmChangeClass", [&] { Trigger(tour, database, "Menu2_2"); },
+        [&](QWidget& window) {
+            tour.Picture(window, "class-and-bed-" + language);
+            tour.Click(window, "Command1_1");
+        });
     tour.Click(database, "Command1_1");
     tour.Click(database, "Command1_1");
     tour.Picture(database, "sorted-" + language);
