@@ -9,9 +9,16 @@
 namespace ecg {
 namespace {
 
+constexpr Twin customItem{"自定义项", "Item"};
 constexpr Twin years{" 岁", " Years"};
 
 }  // namespace
+
+std::string CustomItemCaption(const SysInfo& settings, std::size_t item)
+{
+    const std::string name = settings.CustomItemName[item].Text();
+    return name.empty() ? customItem.In(settings) + std::to_string(item + 1) : name;
+}
 
 PatientDetails DetailsOf(const PatientRecord& patient, int year, bool chinese)
 {
