@@ -10,6 +10,7 @@
 #include "patients/windows/frmFindPat.h"
 #include "patients/windows/frmNote.h"
 #include "patients/windows/frmPat.h"
+#include "patients/windows/frmPatInput.h"
 #include "platform/qt/BusyCursor.h"
 
 #include <QApplication>
@@ -69,6 +70,9 @@ bool WindowSet::Run(WindowName window)
         return true;
     case WindowName::frmChangeClass:
         frmChangeClass(state_, behind).exec();
+        return true;
+    case WindowName::frmPatInput:
+        frmPatInput(state_, patients_, messages_, behind).exec();
         return true;
     case WindowName::frmFindPat:
         frmFindPat(state_, patients_.Search, behind).exec();

@@ -1,5 +1,6 @@
 #include "patients/windows/PatientPanel.h"
 
+#include "core/Labels.h"
 #include "patients/PatientLabels.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/ElidingLabel.h"
@@ -17,8 +18,16 @@ constexpr int flagsWidth = 208;   // pixels
 constexpr int fieldTitleWidth = 64;
 constexpr int flagTitleWidth = 152;
 constexpr int lineGap = 3;  // pixels
-constexpr int firstCustomItem = 12;
 constexpr int firstFlag = 20;
+
+// The lines of the panel; the sex is no text field.
+constexpr std::array<std::optional<PatientField>, 16> fields{
+    PatientField::Number,      PatientField::Name,        std::nullopt,
+    PatientField::Age,         PatientField::Height,      PatientField::Weight,
+    PatientField::Address,     PatientField::PostCode,    PatientField::Telephone,
+    PatientField::EMail,       PatientField::IdNumber,    PatientField::MedCard,
+    PatientField::CustomItem1, PatientField::CustomItem2, PatientField::CustomItem3,
+    PatientField::CustomItem4};
 
 constexpr Twin no{"无", "No"};
 constexpr Twin yes{"有", "Yes"};
@@ -39,13 +48,12 @@ PatientPanel::PatientPanel(const SysInfo& settings, QWidget* parent) : QWidget(p
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2 * style::GridStep);
-    QVBoxLayout& fields = *AddColumn(*row, fieldsWidth);
-    QGridLayout* grid = AddGroup(fields, Twin{"患者资料", "Patient"}.In(chinese_), fieldTitleWidth);
-    for (std::size_t i = 0; i < labels::PatientFields.size(); ++i)
-        AddLine(*grid, static_cast<int>(i), labels::PatientFields[i].In(chinese_));
-    for (std::size_t i = 0; i < settings.CustomItemName.size(); ++i)
-        AddLine(*grid, firstCustomItem + static_cast<int>(i), ToQt(labels::CustomItem(settings, i)));
-    fields.addStretch();
+    QVBoxLayout& left = *AddColumn(*row, fieldsWidth);
+    QGridLayout* grid = AddGroup(left, Twin{"患者资料", "Patient"}.In(chinese_), fieldTitleWidth);
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        AddLine(*grid, static_cast<int>(i),
+                fields[i] ? ToQt(CaptionOf(*fields[i], settings)) : SexCaption.In(chinese_));
+    left.addStretch();
 
     QVBoxLayout& flags = *AddColumn(*row, flagsWidth);
     for (std::size_t i = 0; i < labels::PatientFlags.size(); ++i) {
