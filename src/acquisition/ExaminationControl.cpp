@@ -85,8 +85,7 @@ void ExaminationControl::BeginStandard()
 {
     state_.CurrentPatient.No.Set("");
     state_.PatInputMode = entryForExamination;
-    if (!windows_.ShowBlocking(WindowName::frmPatInput))
-        messages_.Tell(labels::NotInThisVersion.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
+    windows_.ShowBlocking(WindowName::frmPatInput);
     if (state_.CurrentPatient.No.IsBlank())
         return;
     if (state_.SysInfo.SystemControlTime != 1) {

@@ -36,8 +36,8 @@ std::string CustomItemCaption(const SysInfo& settings, std::size_t item)
 std::string CaptionOf(PatientField field, const SysInfo& settings)
 {
     if (field >= PatientField::CustomItem1 && field <= PatientField::CustomItem4)
-        return CustomItemCaption(settings, static_cast<std::size_t>(field) -
-                                               static_cast<std::size_t>(PatientField::CustomItem1));
+        return CustomItemCaption(settings,
+                                 static_cast<std::size_t>(field) - static_cast<std::size_t>(PatientField::CustomItem1));
     return captions[static_cast<std::size_t>(field)].In(settings);
 }
 

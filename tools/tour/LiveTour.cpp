@@ -167,8 +167,6 @@ void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
     PlayElectrode(tour, window, box);
     PlayUnplug(tour, window, box);
     PlayQuickExamination(tour, workstation);
-    PlayDoubleExamination(tour, workstation, "zh");
-    PlayDatabase(tour, workstation, "zh");
     PlayMessage(tour, workstation, "zh");
     PlaySettings(tour, window, "zh");
     PlayExit(tour, workstation);
@@ -192,6 +190,9 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     tour.Wait(SweepMs);
     tour.Picture(window, "frank");
     tour.Check(tour.Find<QLabel>(window, "Label4_5").text() == "Y", "the Frank system watches lead Y");
+
+    PlayDoubleExamination(tour, workstation, "zh");
+    PlayDatabase(tour, workstation, "zh");
 
     workstation.State().SysInfo.Language = 2;
     window.ShowTexts();

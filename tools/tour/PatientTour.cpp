@@ -85,6 +85,7 @@ void PlaySampling(TourDriver& tour, Workstation& workstation, const QString& nam
         tour.Click(window, "KeyPic_16");
         tour.Wait(3000);
         meanwhile();
+        tour.Wait(3000);
         tour.Picture(window, name);
         tour.WaitUntil([] { return QApplication::activeModalWidget() != nullptr; }, examinationMs);
     };

@@ -62,9 +62,9 @@ QTabBar::tab:hover:!selected { background: #d6ddb8; }
 QTabBar::tab:focus { border: 2px solid #185c60; }
 QTableView {
     background: #f6f8ee; alternate-background-color: #eaeedb; color: #262e1c; border: 2px solid #7d8660;
-    gridline-color: #d6ddb8; selection-background-color: #4f7f7c; selection-color: white;
+    gridline-color: #d6ddb8; selection-background-color: #185c60; selection-color: white;
 }
-QTableView:focus { border-color: #185c60; selection-background-color: #185c60; }
+QTableView:focus { border-color: #185c60; }
 QPushButton[gridHeader="true"] {
     background: #aeb788; border: none; border-right: 1px solid #7d8660; border-radius: 0; padding: 2px; font-weight: bold;
 }
