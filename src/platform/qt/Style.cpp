@@ -50,6 +50,7 @@ QSlider::handle:horizontal:focus { border: 2px solid #185c60; }
 QMenu { background: #f6f8ee; color: #262e1c; border: 1px solid #55603c; padding: 4px; }
 QMenu::item { padding: 5px 24px; }
 QMenu::item:selected { background: #185c60; color: white; }
+QMenu::item:disabled { color: #8a9170; background: transparent; }
 QGroupBox { border: 1px solid #7d8660; border-radius: 4px; margin-top: 10px; padding: 12px 8px 8px 8px; }
 QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 4px; font-weight: bold; }
 QTabWidget::pane { border: 1px solid #7d8660; border-radius: 4px; top: -1px; }
