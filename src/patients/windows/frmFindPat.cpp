@@ -2,6 +2,7 @@
 
 #include "core/Labels.h"
 #include "core/windows/FixedTextEdit.h"
+#include "platform/qt/ButtonRow.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Style.h"
 
@@ -27,7 +28,6 @@ constexpr std::size_t endBox = 16;
 constexpr std::size_t firstBound = 2;  // in `Text1`
 constexpr int longestBound = 12;       // characters
 constexpr int boundWidth = 64;         // pixels
-constexpr int buttonWidth = 112;       // pixels
 
 const QColor checkedColour(255, 0, 0);
 const QColor clearColour(0, 0, 0);
@@ -186,15 +186,9 @@ QVBoxLayout* frmFindPat::RuleLines()
 
 QHBoxLayout* frmFindPat::ButtonRow()
 {
-    constexpr std::array<Twin, 2> buttons{{{"全部清除", "Clean All"}, {"确定", "OK"}}};
-    auto* row = new QHBoxLayout;
-    row->setSpacing(style::GridStep);
-    row->addStretch();
-    for (std::size_t i = 0; i < Command1_.size(); ++i) {
-        Command1_[i] = Named(new QPushButton(buttons[i].In(state_.SysInfo), this), "Command1", i);
-        Command1_[i]->setMinimumWidth(buttonWidth);
-        row->addWidget(Command1_[i]);
-    }
+    auto* row = MakeButtonRow(this, "Command1",
+                              {Twin{"全部清除", "Clean All"}.In(state_.SysInfo), Twin{"确定", "OK"}.In(state_.SysInfo)},
+                              Command1_);
     Command1_[1]->setDefault(true);
     connect(Command1_[0], &QPushButton::clicked, this, [this] { Clean(); });
     connect(Command1_[1], &QPushButton::clicked, this, [this] {

@@ -2,6 +2,7 @@
 
 #include "core/windows/FixedTextEdit.h"
 #include "patients/RecordHeaderFile.h"
+#include "platform/qt/ButtonRow.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Style.h"
 
@@ -193,15 +194,9 @@ QGroupBox* frmNote::HelpGroup()
 
 QHBoxLayout* frmNote::ButtonRow()
 {
-    constexpr std::array<Twin, 2> captions{{{"到事件", "To Event"}, {"退出", "Exit"}}};
-    auto* row = new QHBoxLayout;
-    row->setSpacing(style::GridStep);
-    row->addStretch();
-    for (std::size_t i = 0; i < Command1_.size(); ++i) {
-        Command1_[i] = Named(new QPushButton(captions[i].In(state_.SysInfo), this), "Command1", i);
-        Command1_[i]->setMinimumWidth(buttonWidth);
-        row->addWidget(Command1_[i]);
-    }
+    auto* row = MakeButtonRow(this, "Command1",
+                              {Twin{"到事件", "To Event"}.In(state_.SysInfo), Twin{"退出", "Exit"}.In(state_.SysInfo)},
+                              Command1_);
     Command1_[0]->setEnabled(!Sampling());
     Command1_[1]->setDefault(true);
     connect(Command1_[0], &QPushButton::clicked, this, [this] { ToEvent(); });

@@ -2,6 +2,7 @@
 
 #include "patients/windows/PatInputFields.h"
 #include "patients/windows/PatInputItems.h"
+#include "platform/qt/ButtonRow.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Style.h"
 
@@ -11,8 +12,6 @@
 
 namespace ecg {
 namespace {
-
-constexpr int buttonWidth = 104;  // pixels
 
 constexpr Twin title{"确定患者资料和检查项目", "Patient Information and Record"};
 constexpr Twin patientAlone{"患者资料输入", "Input Patient Information"};
@@ -70,15 +69,9 @@ frmPatInput::frmPatInput(SharedState& state, AboutPat& patients, MessageBox& mes
 
 QBoxLayout* frmPatInput::ButtonRow()
 {
-    constexpr std::array<Twin, 2> captions{{{"取消", "Cancel"}, {"确定", "OK"}}};
-    auto* row = new QHBoxLayout;
-    row->setSpacing(style::GridStep);
-    row->addStretch();
-    for (std::size_t i = 0; i < Command1_.size(); ++i) {
-        Command1_[i] = Named(new QPushButton(captions[i].In(state_.SysInfo), this), "Command1", i);
-        Command1_[i]->setMinimumWidth(buttonWidth);
-        row->addWidget(Command1_[i]);
-    }
+    auto* row =
+        MakeButtonRow(this, "Command1",
+                      {Twin{"取消", "Cancel"}.In(state_.SysInfo), Twin{"确定", "OK"}.In(state_.SysInfo)}, Command1_);
     // A click on Cancel does not leave the field being typed into: its value is thrown away, not judged.
     Command1_[0]->setFocusPolicy(Qt::TabFocus);
     Command1_[1]->setDefault(true);
