@@ -86,6 +86,13 @@ bool AboutPat::AddQuickPatient()
     return false;
 }
 
+bool AboutPat::TakeUp(std::string_view number)
+{
+    const int row = Patients.FindNumber(number);
+    Select(row);
+    return row != NoRow && LoadSelectedPatient();
+}
+
 bool AboutPat::AddPatient()
 {
     const auto position = File.Append(state_.CurrentPatient);
@@ -94,6 +101,7 @@ bool AboutPat::AddPatient()
         return false;
     Patients.Append(std::move(*row));
     selected_ = Patients.RowCount() - 1;
+    Records.Load(Folders.PathOf(state_.CurrentPatient.No.Text()));
     return true;
 }
 
@@ -109,6 +117,21 @@ bool AboutPat::RewritePatient()
     return LoadSelectedPatient();
 }
 
+void AboutPat::SortPatients(int header)
+{
+    const PatientRow* selected = SelectedPatient();
+    const std::int32_t position = selected != nullptr ? selected->Position : 0;
+    Patients.Sort(header, state_.Chinese());
+    Select(Patients.FindPosition(position));
+}
+
+int AboutPat::SortRecords(int header, int row)
+{
+    const std::string file = Records.Text(row, RecordFileColumn);
+    Records.Sort(header);
+    return Records.FindFile(file);
+}
+
 std::optional<PatientRow> AboutPat::RowOf(const PatientRecord& patient, std::int32_t position) const
 {
     return MakePatientRow(patient, position, Folders.CountFiles(patient.No.Text()), Year());
@@ -117,7 +140,7 @@ std::optional<PatientRow> AboutPat::RowOf(const PatientRecord& patient, std::int
 std::filesystem::path AboutPat::RecordFile(int recordRow) const
 {
     const PatientRow* patient = SelectedPatient();
-    const std::string& name = Records.Text(recordRow, 9);
+    const std::string& name = Records.Text(recordRow, RecordFileColumn);
     return patient == nullptr || name.empty() ? std::filesystem::path{} : Folders.PathOf(patient->Number) / name;
 }
 

@@ -227,16 +227,20 @@ TEST_F(PatientChangesTest, ADamagedNoteOfANewNumberIsThrownAway)
     }
 }
 
-TEST_F(PatientChangesTest, ClassAndBedAreChangedInTheHeaderAlone)
+TEST_F(PatientChangesTest, AHeaderIsRewrittenWithoutTouchingAnythingElse)
 {
     PutFile("1", "r.W", std::string(5000, '\x41'));
     const auto record = Path("1") / "r.W";
-    ASSERT_TRUE(ChangeClassAndBed(disk_, record, "心内科  ", "7"));
+    auto header = ReadRecordHeader(disk_, record);
+    ASSERT_TRUE(header);
+    header->Department.Set("心内科");
+    header->Bed.Set("7");
+    ASSERT_TRUE(WriteRecordHeader(disk_, record, *header));
     std::string expected(5000, '\x41');
     expected.replace(14, 36, "\xD0\xC4\xC4\xDA\xBF\xC6" + std::string(18, ' ') + "7" + std::string(11, ' '));
     EXPECT_EQ(ReadBytes(record), expected);
     PutFile("1", "short", "x");
-    EXPECT_FALSE(ChangeClassAndBed(disk_, Path("1") / "short", "a", "b"));
+    EXPECT_FALSE(ReadRecordHeader(disk_, Path("1") / "short"));
     EXPECT_FALSE(WriteRecordHeader(disk_, Path("1") / "short", {}) || WriteRecordHeader(disk_, Path("none"), {}));
     EXPECT_EQ(ReadBytes(Path("1") / "short"), "x");
     EXPECT_FALSE(IsFile(Path("none")));
