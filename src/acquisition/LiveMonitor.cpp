@@ -70,6 +70,7 @@ void LiveMonitor::SelectLeadSystem(int index)
     view_.ShowLeadCaptions(System());
     HaltFeed();
     link_.StopStream();
+    decoder_.DropFrame();  // its rest was thrown away with what the port held
     if (HasBox())
         StartFeed();
     else
