@@ -164,7 +164,7 @@ TEST_F(WorkstationTest, AQuickExaminationRecordsWhatTheBoxSendsToTheBit)
         GTEST_SKIP() << header << " is not there";
     const auto source = LoadFrameSource(header);
     ASSERT_TRUE(source) << source.Reason();
-    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header});
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header, .Speed = 8});
     Workstation workstation(Folder.Paths().Program);
     ASSERT_TRUE(Start(workstation));
     ASSERT_TRUE(QTest::qWaitFor([&] { return ShownRate(workstation) > 0; }, 15000)) << "the signal has settled";
