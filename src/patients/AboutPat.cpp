@@ -1,31 +1,12 @@
 #include "patients/AboutPat.h"
 
-#include "core/Numbers.h"
-#include "core/PatientNumber.h"
 #include "patients/PatientMoves.h"
+#include "patients/QuickPatient.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace ecg {
-namespace {
-
-constexpr std::string_view quickPrefix = "RUVO";
-constexpr int quickDigits = 5;
-constexpr int quickNumbers = 100'000;
-
-std::string FreeQuickNumber(const FolderIndex& folders)
-{
-    for (int n = 0; n < quickNumbers; ++n) {
-        std::string number = std::string(quickPrefix) + FormatZeros(n, quickDigits);
-        if (!folders.Has(number))
-            return number;
-    }
-    return {};
-}
-
-}  // namespace
-
 AboutPat::AboutPat(SharedState& state, FileSystem& files, Clock& clock)
     : File(files, state.Folders.Data), Folders(files, state.Folders.Data), state_(state), files_(files), clock_(clock)
 {}
@@ -93,9 +74,8 @@ bool AboutPat::LoadReferencePatient()
 
 bool AboutPat::AddQuickPatient()
 {
-    PatientRecord patient;
-    patient.No.Set(FreeQuickNumber(FolderIndex(state_.Folders.Data)));
-    patient.BirthYear.Set("0");
+    const FolderIndex folders(state_.Folders.Data);
+    const PatientRecord patient = QuickPatient(FreeQuickNumber([&](auto number) { return folders.Has(number); }));
     // The folder holds the number from now on, even if no record follows.
     if (patient.No.IsBlank() || !Folders.Make(patient.No.Text()))
         return false;
