@@ -8,27 +8,37 @@
 namespace ecg {
 namespace {
 
-// The highest plus the lowest value that a lead takes between two columns once its slow part is taken off. The slow part
-// follows the samples from the start of the view on, so the same beat in another view may differ by a count.
-double NetDeflection(const SampleRow& row, int first, int last)
-{
-    constexpr double kept = 0.98;
-    constexpr double taken = 0.02;
-    last = std::min(last, row.Size() - 1);
-    float slow = 0;
-    double highest = -std::numeric_limits<double>::infinity();
-    double lowest = std::numeric_limits<double>::infinity();
-    for (int column = 0; column <= last; ++column) {
-        const double sample = row[column];
-        slow = static_cast<float>(kept * slow + taken * sample);
-        if (column < first)
-            continue;
-        const double fast = RoundHalfEven(sample - slow);
-        highest = std::max(highest, fast);
-        lowest = std::min(lowest, fast);
+// A lead less its slow part, column by column from the start of the view on. The slow part follows the samples from 0, so the
+// same beat in another view may differ by a count.
+class HighPass {
+public:
+    explicit HighPass(const SampleRow& row) : row_(row) {}
+
+    // Takes the sample of the next column in.
+    void Follow(int column)
+    {
+        constexpr double kept = 0.98;
+        constexpr double taken = 0.02;
+        slow_ = static_cast<float>(kept * slow_ + taken * row_[column]);
     }
-    return first <= last ? highest + lowest : 0;
-}
+    // The same, and the fast part of that column takes part in the deflection.
+    void Take(int column)
+    {
+        Follow(column);
+        const double fast = RoundHalfEven(double{row_[column]} - slow_);
+        highest_ = std::max(highest_, fast);
+        lowest_ = std::min(lowest_, fast);
+    }
+
+    // The highest plus the lowest fast part; 0 when there was none.
+    double NetDeflection() const { return highest_ < lowest_ ? 0 : highest_ + lowest_; }
+
+private:
+    const SampleRow& row_;
+    float slow_ = 0;
+    double highest_ = -std::numeric_limits<double>::infinity();
+    double lowest_ = std::numeric_limits<double>::infinity();
+};
 
 }  // namespace
 
@@ -38,10 +48,20 @@ float QrsAxis(const SampleRow& leadI, const SampleRow& leadIII, int qrsOn, int q
 {
     constexpr double instead = 1e-7;  // of no deflection at all in lead I
     constexpr double halfTurn = 180;
-    double a = NetDeflection(leadI, qrsOn, qrsOff);
-    const double b = NetDeflection(leadIII, qrsOn, qrsOff);
-    if (a == 0)
-        a = instead;
+    HighPass one(leadI);
+    HighPass three(leadIII);
+    const int columns = std::min(leadI.Size(), leadIII.Size());
+    for (int column = 0; column < std::min(qrsOn, columns);
+         ++column) {  // both at once: each waits for its own last value
+        one.Follow(column);
+        three.Follow(column);
+    }
+    for (int column = qrsOn; column <= std::min(qrsOff, columns - 1); ++column) {
+        one.Take(column);
+        three.Take(column);
+    }
+    const double a = one.NetDeflection() == 0 ? instead : one.NetDeflection();
+    const double b = three.NetDeflection();
     double axis = std::atan(std::numbers::sqrt3 / 3 * (2 * b / a + 1)) * halfTurn / std::numbers::pi;
     // Meant: upward and left the angle is mirrored, not turned, so it lies between 90 and 180 like an axis downward and
     // left. Stored axes and the diagnosis rules depend on it.

@@ -35,8 +35,10 @@ float Baseline(const SmoothRow& smooth)
         if (bin >= 0 && bin < bins)
             ++histogram[static_cast<std::size_t>(bin)];
     }
-    const auto commonest = std::ranges::max_element(histogram);
-    return static_cast<float>(commonest - histogram.begin() - ZeroLevel);
+    std::int16_t most = 0;
+    for (const std::int16_t count : histogram)
+        most = std::max(most, count);
+    return static_cast<float>(std::ranges::find(histogram, most) - histogram.begin() - ZeroLevel);
 }
 
 // Takes out the straight line through two samples half an RR interval to either side of the flag.
