@@ -42,8 +42,8 @@ private:
 
 }  // namespace
 
-// Leads I and III span 120 degrees between their ends; from their net deflections a and b the vector lies at the arctangent
-// of (2b/a + 1)/√3. Left of the vertical the arctangent is of the opposite end.
+// Lead I points to 0 degrees and lead III to 120, so a vector with the deflections a and b in them lies at the arctangent of
+// (2b/a + 1)/√3, or opposite to it when a is negative.
 float QrsAxis(const SampleRow& leadI, const SampleRow& leadIII, int qrsOn, int qrsOff)
 {
     constexpr double instead = 1e-7;  // of no deflection at all in lead I
@@ -51,8 +51,8 @@ float QrsAxis(const SampleRow& leadI, const SampleRow& leadIII, int qrsOn, int q
     HighPass one(leadI);
     HighPass three(leadIII);
     const int columns = std::min(leadI.Size(), leadIII.Size());
-    for (int column = 0; column < std::min(qrsOn, columns);
-         ++column) {  // both at once: each waits for its own last value
+    // Both leads at once: each column waits for the one before it in its own lead only.
+    for (int column = 0; column < std::min(qrsOn, columns); ++column) {
         one.Follow(column);
         three.Follow(column);
     }
@@ -63,8 +63,8 @@ float QrsAxis(const SampleRow& leadI, const SampleRow& leadIII, int qrsOn, int q
     const double a = one.NetDeflection() == 0 ? instead : one.NetDeflection();
     const double b = three.NetDeflection();
     double axis = std::atan(std::numbers::sqrt3 / 3 * (2 * b / a + 1)) * halfTurn / std::numbers::pi;
-    // Meant: upward and left the angle is mirrored, not turned, so it lies between 90 and 180 like an axis downward and
-    // left. Stored axes and the diagnosis rules depend on it.
+    // Meant: an axis up and to the right is mirrored, not turned, and so reads like one down and to the right. The diagnosis
+    // rules depend on it.
     if (a < 0)
         axis = 2 * b + a < 0 ? halfTurn - axis : halfTurn + axis;
     return static_cast<float>(std::round(axis) + 0.0);  // ties away from 0, and no -0
