@@ -117,13 +117,35 @@ Bytes ReviewSeed(std::uint8_t frank)
     return bytes;
 }
 
+// A recording in the folder of `fuzz_import`: the lead system, the patient, the header, and two signals' samples.
+Bytes ImportSeed(char system, const std::string& patient, const std::string& header)
+{
+    constexpr int samples = 120;
+    const std::string words = system + patient + '\0' + header + '\0';
+    Bytes bytes(words.begin(), words.end());
+    for (int i = 0; i < samples; ++i)
+        bytes.push_back(static_cast<std::uint8_t>(i % 40 == 20 ? 0x40 : i % 7));
+    return bytes;
+}
+
+bool WriteImportSeeds(const std::filesystem::path& folder)
+{
+    return Write(folder / "wilson",
+                 ImportSeed('\0', "", "r 2 500 30\na 16 200 16 0 0 0 0 ii\na 16 200 16 0 0 0 0 v1\n")) &&
+           Write(folder / "packed",
+                 ImportSeed('\1', "病7", "r 1 360\n# 69 M\nb 212+4 200(1024)/uV 11 1024 0 0 0 MLII\n")) &&
+           Write(folder / "frank",
+                 ImportSeed('\2', "42",
+                            "r 3 1000 9\na 16 1e3 16 0 0 0 0 vx\na 16 0 16 0 0 0 0 vy\nb 16 0 16 0 0 0 0 z\n"));
+}
+
 bool WriteSeeds(const std::filesystem::path& folder)
 {
     return Write(folder / "analysis/wilson", ReviewSeed(0)) && Write(folder / "analysis/frank", ReviewSeed(1)) &&
            Write(folder / "decoder/wilson", StreamSeed(0x5A, 0, 15)) &&
            Write(folder / "decoder/frank", StreamSeed(0xC3, 1, 0)) && Write(folder / "decoder/beat", BeatSeed()) &&
-           Write(folder / "patients/patients", PatientsSeed()) && Write(folder / "record/record", RecordSeed()) &&
-           Write(folder / "settings/factory", SettingsSeed()) &&
+           WriteImportSeeds(folder / "import") && Write(folder / "patients/patients", PatientsSeed()) &&
+           Write(folder / "record/record", RecordSeed()) && Write(folder / "settings/factory", SettingsSeed()) &&
            Write(folder / "settings/ones", Bytes(sizeof(SysInfo), 0xFF));
 }
 

@@ -13,6 +13,11 @@ constexpr Twin noQuickPatient{"未能建立快速检查的患者资料。请检�
                               "No patient could be made for the quick examination. Please check the free space and "
                               "the permissions of the data folder."};
 
+constexpr Twin patientGone{
+    "该患者已不在数据库中，检查已取消。请重新选择患者。",
+    "This patient is no longer in the database, and the examination was cancelled. Please choose "
+    "the patient again."};
+
 std::string Seconds(std::int32_t frames)
 {
     return FormatDecimal(static_cast<double>(frames) / FramesPerSecond, 1) + " s";
@@ -80,12 +85,12 @@ void ExaminationControl::BeginStandard()
 {
     state_.CurrentPatient.No.Set("");
     state_.PatInputMode = entryForExamination;
-    if (!windows_.ShowBlocking(WindowName::frmPatInput))
-        messages_.Tell(labels::NotInThisVersion.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
+    windows_.ShowBlocking(WindowName::frmPatInput);
     if (state_.CurrentPatient.No.IsBlank())
         return;
     if (state_.SysInfo.SystemControlTime != 1) {
-        Enter(ExamState::Ready);
+        BecomeReady();
+        view_.ShowExamination();
         return;
     }
     if (PrepareSystem(LeadSystem::Wilson, state_.WilsonSamples) ||
@@ -115,8 +120,15 @@ bool ExaminationControl::PrepareSystem(LeadSystem system, std::int32_t samples)
     state_.SysInfo.SampleLimit = samples;
     monitor_.SelectLeadSystem(system == LeadSystem::Wilson ? 0 : 1);
     view_.ShowSelectors();
-    state_.ExamState = ExamState::Ready;
+    BecomeReady();
     return true;
+}
+
+// From here on until its end the examination is that of this patient, whoever is looked at in the database meanwhile.
+void ExaminationControl::BecomeReady()
+{
+    examined_ = state_.CurrentPatient.No.Text();
+    state_.ExamState = ExamState::Ready;
 }
 
 void ExaminationControl::PromptElectrodes()
@@ -125,8 +137,22 @@ void ExaminationControl::PromptElectrodes()
         windows_.ShowBlocking(WindowName::frmAskSamp);
 }
 
+// The database closes, for nobody may delete or change what is being recorded.
+bool ExaminationControl::TakeUpPatient()
+{
+    windows_.Close(WindowName::frmPat);
+    if (desk_.TakeUp(examined_))
+        return true;
+    messages_.Tell(patientGone.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
+    return false;
+}
+
 void ExaminationControl::Start()
 {
+    if (!TakeUpPatient()) {
+        Enter(ExamState::Waiting);
+        return;
+    }
     writer_.Open(clock_.Now());
     beats_ = 0;
     Enter(ExamState::Sampling);
@@ -189,7 +215,8 @@ void ExaminationControl::ShowRecord(const RecordOutcome& outcome)
 // To the second half of a double examination, or back to the beginning.
 void ExaminationControl::GoOn()
 {
-    if (state_.SysInfo.SystemControlTime == 1 && PrepareSystem(LeadSystem::Frank, state_.FrankSamples))
+    const bool second = state_.SysInfo.SystemControlTime == 1 && state_.FrankSamples > 0;
+    if (second && TakeUpPatient() && PrepareSystem(LeadSystem::Frank, state_.FrankSamples))
         PromptElectrodes();
     monitor_.ComeToFront();
     view_.ShowExamination();

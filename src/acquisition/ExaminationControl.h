@@ -36,6 +36,7 @@ private:
     void SampleAgain() override;
 
     void BeginStandard();
+    void BecomeReady();
     void BeginQuick();
     void Start();
     void StopSampling();
@@ -44,6 +45,7 @@ private:
     void GoOn();
     bool PrepareSystem(LeadSystem system, std::int32_t samples);
     void PromptElectrodes();
+    bool TakeUpPatient();
     void Enter(ExamState state);
 
     SharedState& state_;
@@ -54,6 +56,7 @@ private:
     Clock& clock_;
     PatientDesk& desk_;
     RecordWriter& writer_;
+    std::string examined_;    // number of the patient whose examination runs
     std::int32_t beats_ = 0;  // marked in the running sampling
     bool closing_ = false;    // the record is being closed: the keys wait
 };

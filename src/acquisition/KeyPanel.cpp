@@ -112,8 +112,7 @@ void KeyPanel::OpenDataBase()
 {
     view_.ShowLamp(Lamp::DataBase, true);
     state_.PatWindowMode = 0;
-    if (!windows_.Show(WindowName::frmPat))
-        TellMissing();
+    windows_.Show(WindowName::frmPat);
     monitor_.Display().RewindSweep();
     view_.ShowLamp(Lamp::DataBase, false);
 }
@@ -123,8 +122,7 @@ void KeyPanel::OpenEvents()
     view_.ShowLamp(Lamp::Event, true);
     state_.KeepStreaming = true;
     state_.EventMode = 0;
-    if (!windows_.ShowBlocking(WindowName::frmNote))
-        TellMissing();
+    windows_.ShowBlocking(WindowName::frmNote);
     monitor_.Display().ResetSweep();
     state_.KeepStreaming = false;
     view_.ShowLamp(Lamp::Event, false);

@@ -8,13 +8,18 @@
 #include "platform/Printer.h"
 #include "platform/qt/Pictures.h"
 
+#include <QPointer>
 #include <QWidget>
 
 namespace ecg {
 
+class frmNote;
+class frmPat;
+
 class WindowSet final : public WindowOpener {
 public:
     WindowSet(SharedState& state, AboutPat& patients, MessageBox& messages, Printer& printer, const Pictures& pictures);
+    ~WindowSet() override;
 
     // Windows opened from now on lie on top of `parent`.
     void SetParent(QWidget* parent) { parent_ = parent; }
@@ -26,6 +31,10 @@ public:
 
 private:
     bool Run(WindowName window);
+    void RunEvents(QWidget* behind);
+    void LoadPatients();
+    void OpenDatabase();
+    QWidget* Front() const;
 
     SharedState& state_;
     AboutPat& patients_;
@@ -33,6 +42,8 @@ private:
     Printer& printer_;
     const Pictures& pictures_;
     QWidget* parent_ = nullptr;
+    QPointer<frmPat> database_;
+    QPointer<frmNote> events_;
 };
 
 }  // namespace ecg

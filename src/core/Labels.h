@@ -22,6 +22,21 @@ inline constexpr std::array<Twin, 7> Weekdays{{{"星期日", "Sunday"},
 
 inline constexpr std::array<Twin, 2> Sexes{{{"男", "Male"}, {"女", "Female"}}};
 
+// What a doctor may mark of a patient, in the order of `PatientRecord::Flags`: risk factors, then types of symptoms.
+inline constexpr std::size_t RiskFactorCount = 6;
+inline constexpr std::array<Twin, 10> PatientFlags{{{"高血压", "Hypertension"},
+                                                    {"高血脂", "Hyperlipemia"},
+                                                    {"先天性心脏病", "Congenital Herat Disease"},
+                                                    {"糖尿病", "Diabetes"},
+                                                    {"家族病史", "Familial Disease"},
+                                                    {"吸烟", "Smoking"},
+                                                    {"典型心绞痛", "Typical Stenocardia"},
+                                                    {"非典型心绞痛", "Untypical Stenocardia"},
+                                                    {"无心绞痛", "No Stenocardia"},
+                                                    {"无症状", "No Symptom"}}};
+inline constexpr Twin RiskFactors{"危险因子", "Warn Factor"};
+inline constexpr Twin SymptomTypes{"症状类型", "Symptom Type"};
+
 // What stands before the filter states that the box reports.
 inline constexpr Twin AcPrefix{"抗噪:", "ACF:"};
 inline constexpr Twin MusclePrefix{"肌电:", "MUF:"};

@@ -49,15 +49,14 @@ void RepairTimes(SysInfo& settings)
     }
 }
 
-// Seconds with as many decimals as the frames need: 7500 frames are "15", 7501 are "15.002".
+}  // namespace
+
 std::string SecondsText(std::int32_t frames)
 {
     constexpr int decimalsOfAFrame = 3;
     const bool whole = frames % FramesPerSecond == 0;
     return FormatDecimal(static_cast<double>(frames) / FramesPerSecond, whole ? 0 : decimalsOfAFrame);
 }
-
-}  // namespace
 
 std::optional<SecondsFault> CheckSeconds(std::string_view typed)
 {

@@ -21,6 +21,9 @@ enum class SecondsFault { NotANumber, TooShort, TooLong };
 // One sampling time as it was typed, for example "15" or "0.5", blanks around it allowed.
 std::optional<SecondsFault> CheckSeconds(std::string_view typed);
 
+// Seconds with as many decimals as the frames need: 7500 frames are "15", 7501 are "15.002".
+std::string SecondsText(std::int32_t frames);
+
 enum class LeadGroup { Limb, Chest, All };
 
 // Whether lead 0 to 11 is among the leads that the shortcut for `group` shows; it hides the others.

@@ -38,9 +38,9 @@ struct SharedState {
     PatientRecord ReferencePatient;  // of a record chosen for comparison
     RecordHeader CurrentHeader;
     RecordHeader WorkHeader;        // of the record whose department and bed are being changed
+    std::string ComparePath;        // record chosen for comparison, likewise; "Cancel": none, "": not chosen yet
     std::string CurrentRecordFile;  // name of the file that is selected in the database window
     std::string RecordPath;         // record in review, from the data folder on, with backslashes
-    std::string ComparePath;        // record to compare it with, in the same form
     Byte RecordOpenMode = 0;        // 1 the record came from acquisition, 0 from the database window
 
     // How the window opened next is to behave.

@@ -15,7 +15,9 @@ enum class WindowName {
     frmPatInput,
     frmAskSamp,
     frmFindPat,
-    frmChangeClass
+    frmChangeClass,
+    frmxECG,
+    frmxVCG
 };
 
 class WindowOpener {

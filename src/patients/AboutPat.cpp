@@ -1,31 +1,12 @@
 #include "patients/AboutPat.h"
 
-#include "core/Numbers.h"
-#include "core/PatientNumber.h"
 #include "patients/PatientMoves.h"
+#include "patients/QuickPatient.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace ecg {
-namespace {
-
-constexpr std::string_view quickPrefix = "RUVO";
-constexpr int quickDigits = 5;
-constexpr int quickNumbers = 100'000;
-
-std::string FreeQuickNumber(const FolderIndex& folders)
-{
-    for (int n = 0; n < quickNumbers; ++n) {
-        std::string number = std::string(quickPrefix) + FormatZeros(n, quickDigits);
-        if (!folders.Has(number))
-            return number;
-    }
-    return {};
-}
-
-}  // namespace
-
 AboutPat::AboutPat(SharedState& state, FileSystem& files, Clock& clock)
     : File(files, state.Folders.Data), Folders(files, state.Folders.Data), state_(state), files_(files), clock_(clock)
 {}
@@ -93,9 +74,8 @@ bool AboutPat::LoadReferencePatient()
 
 bool AboutPat::AddQuickPatient()
 {
-    PatientRecord patient;
-    patient.No.Set(FreeQuickNumber(FolderIndex(state_.Folders.Data)));
-    patient.BirthYear.Set("0");
+    const FolderIndex folders(state_.Folders.Data);
+    const PatientRecord patient = QuickPatient(FreeQuickNumber([&](auto number) { return folders.Has(number); }));
     // The folder holds the number from now on, even if no record follows.
     if (patient.No.IsBlank() || !Folders.Make(patient.No.Text()))
         return false;
@@ -106,6 +86,13 @@ bool AboutPat::AddQuickPatient()
     return false;
 }
 
+bool AboutPat::TakeUp(std::string_view number)
+{
+    const int row = Patients.FindNumber(number);
+    Select(row);
+    return row != NoRow && LoadSelectedPatient();
+}
+
 bool AboutPat::AddPatient()
 {
     const auto position = File.Append(state_.CurrentPatient);
@@ -114,6 +101,7 @@ bool AboutPat::AddPatient()
         return false;
     Patients.Append(std::move(*row));
     selected_ = Patients.RowCount() - 1;
+    Records.Load(Folders.PathOf(state_.CurrentPatient.No.Text()));
     return true;
 }
 
@@ -129,6 +117,21 @@ bool AboutPat::RewritePatient()
     return LoadSelectedPatient();
 }
 
+void AboutPat::SortPatients(int header)
+{
+    const PatientRow* selected = SelectedPatient();
+    const std::int32_t position = selected != nullptr ? selected->Position : 0;
+    Patients.Sort(header, state_.Chinese());
+    Select(Patients.FindPosition(position));
+}
+
+int AboutPat::SortRecords(int header, int row)
+{
+    const std::string file = Records.Text(row, RecordFileColumn);
+    Records.Sort(header);
+    return Records.FindFile(file);
+}
+
 std::optional<PatientRow> AboutPat::RowOf(const PatientRecord& patient, std::int32_t position) const
 {
     return MakePatientRow(patient, position, Folders.CountFiles(patient.No.Text()), Year());
@@ -137,7 +140,7 @@ std::optional<PatientRow> AboutPat::RowOf(const PatientRecord& patient, std::int
 std::filesystem::path AboutPat::RecordFile(int recordRow) const
 {
     const PatientRow* patient = SelectedPatient();
-    const std::string& name = Records.Text(recordRow, 9);
+    const std::string& name = Records.Text(recordRow, RecordFileColumn);
     return patient == nullptr || name.empty() ? std::filesystem::path{} : Folders.PathOf(patient->Number) / name;
 }
 

@@ -47,6 +47,8 @@ public:
     // selects it. False when none is free or the disk refuses; `CurrentPatient` is then the one it was.
     bool AddQuickPatient() override;
 
+    bool TakeUp(std::string_view number) override;
+
     void RefreshRecords() override { LoadSelectedPatient(); }
 
     // Writes `CurrentPatient` as a new patient, lists and selects it. False when the disk refuses.
@@ -54,6 +56,11 @@ public:
 
     // Writes `CurrentPatient` over the selected row's slot and loads it anew. False when the disk refuses.
     bool RewritePatient();
+
+    // Sorts a grid by a header, the other way at each call, and keeps the selection on its patient or record. The second
+    // returns the new row of the record that was in `row`; `NoRow` when there was none.
+    void SortPatients(int header);
+    int SortRecords(int header, int row);
 
     // The row of `CurrentPatient` at a slot, with the files of its folder counted.
     std::optional<PatientRow> RowOf(const PatientRecord& patient, std::int32_t position) const;

@@ -59,17 +59,16 @@ std::optional<std::int32_t> EventEditor::Position(int row) const
     return header_.EventPos[SlotOf(row)];
 }
 
-RecordHeader EventEditor::Stored(std::int32_t blockStart) const
+void EventEditor::StoreInto(RecordHeader& header, std::int32_t blockStart) const
 {
-    RecordHeader stored = header_;
+    const bool sameRecording = header.ExamTime == header_.ExamTime;
     for (int row = 1; row <= EventSlotCount; ++row) {
         const std::size_t slot = SlotOf(row);
-        if (Text(row).empty())
-            stored.EventPos[slot] = 0;
-        else if (!Position(row))
-            stored.EventPos[slot] = std::max(blockStart, 1);
+        const auto position = Position(row);
+        const bool kept = !Text(row).empty() && (sameRecording || !position);
+        header.EventText[slot] = kept ? header_.EventText[slot] : FixedText<22>{};
+        header.EventPos[slot] = kept ? position.value_or(std::max(blockStart, 1)) : 0;
     }
-    return stored;
 }
 
 }  // namespace ecg

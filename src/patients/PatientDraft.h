@@ -10,7 +10,7 @@
 
 namespace ecg {
 
-// The text fields, numbered as the window's `Text1`. 15 is the bed, which is no field of the patient.
+// The text fields, numbered as the window's `Text1`. The bed is no field of the patient: it goes to the record.
 enum class PatientField {
     Name = 0,
     Age = 1,
@@ -24,28 +24,31 @@ enum class PatientField {
     MedCard = 9,
     Number = 10,
     CustomItem1 = 11,
+    CustomItem2 = 12,
+    CustomItem3 = 13,
     CustomItem4 = 14,
     Bed = 15,
 };
 
-inline constexpr std::size_t PatientFieldCount = 15;  // without the bed
+inline constexpr std::size_t PatientFieldCount = 16;
 
 struct PatientDraft {
     std::array<std::string, PatientFieldCount> Texts;  // UTF-8
     bool Male = true;
     std::array<bool, 10> Flags{};
 
-    // `field` must not be the bed.
     std::string& operator[](PatientField field) { return Texts[static_cast<std::size_t>(field)]; }
     const std::string& operator[](PatientField field) const { return Texts[static_cast<std::size_t>(field)]; }
 
     friend bool operator==(const PatientDraft&, const PatientDraft&) = default;
 };
 
-// What the fields show of a stored patient. `year` is the current one; an age outside 0 to 100 is empty.
+// What the fields show of a stored patient. `year` is the current one; an age outside 0 to 100 is empty, and so is the
+// bed.
 PatientDraft DraftOf(const PatientRecord& patient, int year);
 
 // The record that the fields make. An empty age, height or weight counts as 0; the year of birth is `year` less the age.
+// Modifying a patient above 100, whose age is shown empty, therefore makes the age 0 unless it is typed again: meant.
 // Numbers are rounded to whole ones and must have passed `InRange`. A text that is the one of `before` keeps its bytes.
 PatientRecord GatherPatient(const PatientDraft& draft, int year, PatientRecord before = {});
 

@@ -44,10 +44,6 @@ std::string PatientEntry::UsedBy() const
 
 bool PatientEntry::Type(PatientField field, std::string_view text)
 {
-    if (field == PatientField::Bed) {
-        Bed = text;
-        return true;
-    }
     std::string& typed = draft_[field];
     typed = text;
     if (NewNumber().empty()) {
@@ -95,7 +91,7 @@ void PatientEntry::KeepOnlyNumber()
 
 bool PatientEntry::Leave(PatientField field)
 {
-    if (field == PatientField::Bed || InRange(field, draft_[field]))
+    if (InRange(field, draft_[field]))
         return true;
     draft_[field].clear();
     return false;
@@ -153,7 +149,8 @@ PatientEntry::Answer PatientEntry::CheckRanges()
     for (const auto& [field, refusal] :
          {Check(PatientField::Age, Answer::AgeOutOfRange), Check(PatientField::Height, Answer::HeightOutOfRange),
           Check(PatientField::Weight, Answer::WeightOutOfRange)}) {
-        const bool asStored = draft_[field] == DraftOf(before_, database_.Year())[field];
+        // What was stored may stay as it is: a height of 0 was never measured.
+        const bool asStored = mode_ == EntryMode::Modify && draft_[field] == DraftOf(before_, database_.Year())[field];
         if (!asStored && !Leave(field))
             return refusal;
     }
@@ -196,7 +193,7 @@ PatientEntry::Answer PatientEntry::EndOfSetUp()
     if (mode_ == EntryMode::Examine) {
         SharedState& state = database_.State();
         state.CurrentHeader.Department.Set(Department);
-        state.CurrentHeader.Bed.Set(Bed);
+        state.CurrentHeader.Bed.Set(draft_[PatientField::Bed]);
         state.WilsonSamples = Items.WilsonSamples();
         state.FrankSamples = Items.FrankSamples();
     }

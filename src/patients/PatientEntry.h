@@ -31,8 +31,8 @@ public:
     bool Dirty() const { return dirty_; }  // leaving needs a question
 
     // A field has this text now. False when it takes only numbers and the text is none: it is then cut, character by
-    // character, to one. Without a number all other fields are emptied; in an examination the number of a patient fills
-    // them, and any other number empties them.
+    // character, to one. Without a patient's number all other fields are emptied, whatever was typed: the number comes
+    // first, and that is meant. In an examination the number of a patient fills them, and any other number empties them.
     bool Type(PatientField field, std::string_view text);
 
     // The keyboard leaves a field. False when its value is out of range: the field is then empty.
@@ -42,10 +42,9 @@ public:
     void SetFlag(std::size_t flag, bool set);
     void ProposeNumber();  // the largest number of all patients, and one more
 
-    // Of the examination only.
+    // Of the examination only; the bed is a field like the others.
     ExaminationItems Items;
     std::string Department;
-    std::string Bed;
 
     enum class Answer {
         Done,

@@ -97,11 +97,21 @@ bool PatientFile::Write(std::int32_t position, const PatientRecord& record)
 
 std::optional<std::int32_t> PatientFile::Append(const PatientRecord& record)
 {
-    const auto file = files_.Open(File(), OpenMode::ReadWrite);
+    const bool existed = IsFile(File());
+    auto file = files_.Open(File(), OpenMode::ReadWrite);
     if (!file)
         return std::nullopt;
+    const std::int64_t size = file->Size();
     const std::int32_t position = SlotCount(*file) + 1;
-    return position <= mostSlots && WriteSlot(*file, position, record) ? std::optional(position) : std::nullopt;
+    if (position <= mostSlots && WriteSlot(*file, position, record))
+        return position;
+    file.reset();
+    // The piece that a full disk took would be listed as a patient.
+    if (existed)
+        files_.Shorten(File(), size);
+    else
+        files_.Remove(File());
+    return std::nullopt;
 }
 
 bool PatientFile::Delete(std::span<const std::int32_t> positions)

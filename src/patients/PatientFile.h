@@ -43,7 +43,8 @@ public:
     // Overwrites a slot that exists. False when it does not, or when the disk refused.
     bool Write(std::int32_t position, const PatientRecord& record);
 
-    // Writes behind the last slot, making the file when it is missing. The new position, or nothing on failure.
+    // Writes behind the last slot, making the file when it is missing. The new position; nothing on failure, and then
+    // the file has the size it had.
     std::optional<std::int32_t> Append(const PatientRecord& record);
 
     // Blanks the numbers of slots, which is what deletes them; the other fields stay until compaction. False when one

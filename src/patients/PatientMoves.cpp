@@ -116,12 +116,16 @@ bool MovePatientRecords(AboutPat& database, int toRow)
     const PatientRow to = database.Patients.Row(toRow);
     if (!database.Folders.Make(to.Number))
         return false;
-    const bool moved =
-        MoveFolder(database.Files(), database.Folders.PathOf(from.Number), database.Folders.PathOf(to.Number));
+    const auto source = database.Folders.PathOf(from.Number);
+    const auto target = database.Folders.PathOf(to.Number);
+    const bool twoFolders = source != target && IsFolder(source);
+    const bool moved = !twoFolders || MoveFiles(database.Files(), source, target);
     database.Patients.SetRecords(fromRow, database.Folders.CountFiles(from.Number));
     database.Patients.SetRecords(toRow, database.Folders.CountFiles(to.Number));
     if (!moved || !database.File.Delete(std::vector{from.Position}))
         return false;
+    if (twoFolders)
+        database.Files().Remove(source);
     database.Patients.Remove(fromRow);
     database.Select(toRow - (toRow > fromRow ? 1 : 0));
     database.State().CurrentPatient.No.Set("");

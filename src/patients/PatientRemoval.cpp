@@ -5,16 +5,16 @@
 namespace ecg {
 namespace {
 
-Removal::End RemoveFolder(AboutPat& database, const std::string& number)
+Removal::End EmptyFolder(AboutPat& database, const std::filesystem::path& folder)
 {
-    if (!database.Folders.Exists(number))
+    if (!IsFolder(folder))
         return Removal::End::Done;
-    const auto folder = database.Folders.PathOf(number);
-    for (const std::string& name : database.Folders.Files(number))
+    for (const std::string& name : ListFolder(folder, EntryKind::File))
         database.Files().Remove(folder / name);
     if (!ListFolder(folder, EntryKind::Folder).empty())
         return Removal::End::SubFolder;
-    return database.Files().Remove(folder) ? Removal::End::Done : Removal::End::DiskRefused;
+    std::error_code error;
+    return std::filesystem::is_empty(folder, error) ? Removal::End::Done : Removal::End::DiskRefused;
 }
 
 void SelectNearest(AboutPat& database, int row)
@@ -42,13 +42,18 @@ Removal RemovePatients(AboutPat& database, const std::vector<int>& rows, const R
 {
     Removal removal;
     std::vector<int> handled;
-    std::vector<std::int32_t> positions;  // whose folders are gone and whose slots are not yet
+    std::vector<std::int32_t> positions;  // whose folders are empty and whose slots are still there
+    std::vector<std::filesystem::path> folders;
     const auto deleteSlots = [&] {
-        if (!database.File.Delete(positions))
-            removal.Outcome = Removal::End::DiskRefused;
-        else
+        if (database.File.Delete(positions)) {
             removal.Removed += static_cast<int>(positions.size());
+            for (const auto& folder : folders)
+                database.Files().Remove(folder);
+        } else {
+            removal.Outcome = Removal::End::DiskRefused;
+        }
         positions.clear();
+        folders.clear();
     };
     for (std::size_t i = 0; i < rows.size() && removal.Outcome == Removal::End::Done; ++i) {
         if (!database.Patients.HasRow(rows[i]))
@@ -59,10 +64,12 @@ Removal RemovePatients(AboutPat& database, const std::vector<int>& rows, const R
         }
         const PatientRow& row = database.Patients.Row(rows[i]);
         removal.Number = row.Number;
-        removal.Outcome = RemoveFolder(database, row.Number);
+        const auto folder = database.Folders.PathOf(row.Number);
+        removal.Outcome = EmptyFolder(database, folder);
         if (removal.Outcome != Removal::End::Done)
             break;
         positions.push_back(row.Position);
+        folders.push_back(folder);
         handled.push_back(rows[i]);
     }
     deleteSlots();

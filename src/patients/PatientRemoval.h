@@ -24,8 +24,8 @@ struct Removal {
     std::string Number;  // as listed, of the patient that stopped it
 };
 
-// Deletes the patients of `rows`, ascending: first the records of each, then its folder, then its slot, so that no
-// crash leaves records that belong to nobody. Stops at the first that cannot be deleted. Afterwards the nearest row
+// Deletes the patients of `rows`, ascending: first the records of each, then its slot, then its folder, so that no
+// crash leaves records that belong to nobody, or a patient whose number counts as free. Stops at the first that cannot be deleted. Afterwards the nearest row
 // that is left is selected and loaded; without one, `CurrentPatient` is blank. `progress` also hears of the start.
 Removal RemovePatients(AboutPat& database, const std::vector<int>& rows, const RowProgress& progress);
 

@@ -43,7 +43,7 @@ bool FlagsMatch(const PatientRecord& patient, const SearchConditions& conditions
 
 void ShowRange(SearchForm& form, std::size_t firstText, bool use, const ByteRange& range)
 {
-    if (!use)
+    if (!use && range.Lowest == 0 && range.Highest == 0)
         return;
     form.Texts[firstText] = std::to_string(range.Lowest);
     form.Texts[firstText + 1] = std::to_string(range.Highest);
@@ -101,16 +101,12 @@ void TakeForm(SearchConditions& conditions, const SearchForm& form)
     conditions.UseNo = TakePattern(form, 0, conditions.No);
     conditions.UseName = TakePattern(form, 1, conditions.Name);
     conditions.UseSex = form.Checked[2];
-    if (conditions.UseSex)
-        conditions.Sex = form.Male ? 0 : 1;
+    conditions.Sex = form.Male ? 0 : 1;
     conditions.UseAge = TakeRange(form, 3, 2, conditions.Age);
     conditions.UseHeight = TakeRange(form, 4, 4, conditions.Height);
     conditions.UseWeight = TakeRange(form, 5, 6, conditions.Weight);
-    for (std::size_t i = 0; i < conditions.UseFlag.size(); ++i) {
-        conditions.UseFlag[i] = form.Checked[firstFlagBox + i];
-        if (conditions.UseFlag[i])
-            conditions.FlagWanted[i] = form.FlagYes[i];
-    }
+    std::copy(form.Checked.begin() + firstFlagBox, form.Checked.end(), conditions.UseFlag.begin());
+    conditions.FlagWanted = form.FlagYes;
 }
 
 bool Matches(const PatientRecord& patient, const SearchConditions& conditions, int year)

@@ -40,7 +40,7 @@ struct SearchForm {
     std::array<bool, 10> FlagYes{};
 };
 
-// The form as it opens. Bounds that are not in use are empty.
+// The form as it opens, with what was last taken. Bounds that were never set are empty.
 SearchForm FormOf(const SearchConditions& conditions);
 
 // Takes the form. A checked box with an empty text, or with bounds that are not both numbers, sets no condition. A bound

@@ -65,6 +65,7 @@ public:
 
     // Sorts by a column with a header (0 to 6): ascending at first, then the other way at each call.
     void Sort(int column, bool chinese);
+    bool SortedDescending() const { return !descendingNext_; }  // of the last sort
 
 private:
     std::vector<PatientRow> rows_;

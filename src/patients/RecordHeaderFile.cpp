@@ -19,15 +19,4 @@ bool WriteRecordHeader(FileSystem& files, const std::filesystem::path& record, c
            FixedRecordFile<RecordHeader>(*file).Write(1, header) && file->Flush();
 }
 
-bool ChangeClassAndBed(FileSystem& files, const std::filesystem::path& record, std::string_view department,
-                       std::string_view bed)
-{
-    auto header = ReadRecordHeader(files, record);
-    if (!header)
-        return false;
-    SetIfChanged(header->Department, TrimField(department));
-    SetIfChanged(header->Bed, TrimField(bed));
-    return WriteRecordHeader(files, record, *header);
-}
-
 }  // namespace ecg

@@ -6,7 +6,6 @@
 
 #include <filesystem>
 #include <optional>
-#include <string_view>
 
 namespace ecg {
 
@@ -15,9 +14,5 @@ std::optional<RecordHeader> ReadRecordHeader(FileSystem& files, const std::files
 
 // Writes over the header of a file that has one. False when there is none or the disk refuses.
 bool WriteRecordHeader(FileSystem& files, const std::filesystem::path& record, const RecordHeader& header);
-
-// Gives a record another department and bed, trailing blanks cut. False as above.
-bool ChangeClassAndBed(FileSystem& files, const std::filesystem::path& record, std::string_view department,
-                       std::string_view bed);
 
 }  // namespace ecg

@@ -94,13 +94,13 @@ std::string RecordTable::StoredPath(int row, std::string_view folderName) const
     for (const auto& [first, count] : {std::pair(0U, 4U), {5U, 2U}, {8U, 2U}, {11U, 2U}, {14U, 2U}, {17U, 2U}})
         if (time.size() == timeLength)
             digits += time.substr(first, count);
-    return digits.empty() ? digits : "\\" + std::string(folderName) + "\\" + digits + "." + Text(row, 3);
+    return digits.empty() ? digits : "\\" + std::string(folderName) + "\\" + digits + "." + Text(row, RecordTypeColumn);
 }
 
 int RecordTable::FindFile(std::string_view fileName) const
 {
     for (int row = 0; row < RowCount(); ++row)
-        if (Text(row, 9) == fileName)
+        if (Text(row, RecordFileColumn) == fileName)
             return row;
     return NoRow;
 }

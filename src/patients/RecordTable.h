@@ -18,6 +18,8 @@ namespace ecg {
 
 inline constexpr int RecordColumnCount = 10;
 inline constexpr int RecordHeaderCount = 8;  // columns 8 and 9 have no header
+inline constexpr int RecordTypeColumn = 3;
+inline constexpr int RecordFileColumn = 9;
 
 // Leading used entries of the event table, 0 to 46.
 int EventCount(const RecordHeader& header);
@@ -51,6 +53,7 @@ public:
     // Sorts by a header (0 to 7): ascending at first, then the other way at each call. The header's time sorts by that
     // of the name, the period by its seconds.
     void Sort(int header);
+    bool SortedDescending() const { return !descendingNext_; }  // of the last sort
 
 private:
     using Row = std::array<std::string, RecordColumnCount>;

@@ -41,7 +41,7 @@ void VisitFolder(const std::filesystem::path& path, EntryKind kind, Visitor visi
 
 std::unique_ptr<ByteFile> DiskFileSystem::Open(const std::filesystem::path& path, OpenMode mode)
 {
-    return OpenFile(path, mode);
+    return open_(path, mode);
 }
 
 bool DiskFileSystem::Rename(const std::filesystem::path& from, const std::filesystem::path& to)
@@ -67,6 +67,13 @@ bool DiskFileSystem::MakeFolder(const std::filesystem::path& path)
     std::error_code error;
     std::filesystem::create_directory(path, error);
     return IsFolder(path);
+}
+
+bool DiskFileSystem::Shorten(const std::filesystem::path& path, std::int64_t bytes)
+{
+    std::error_code error;
+    std::filesystem::resize_file(path, static_cast<std::uintmax_t>(bytes), error);
+    return !error;
 }
 
 std::vector<std::string> ListFolder(const std::filesystem::path& folder, EntryKind kind)

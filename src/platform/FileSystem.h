@@ -27,14 +27,23 @@ public:
 
     // True when the folder stands afterwards. Its parent must exist.
     virtual bool MakeFolder(const std::filesystem::path& path) = 0;
+
+    // Takes what lies behind `bytes` off a file.
+    virtual bool Shorten(const std::filesystem::path& path, std::int64_t bytes) = 0;
 };
 
 class DiskFileSystem final : public FileSystem {
 public:
+    explicit DiskFileSystem(FileOpener open = OpenFile) : open_(std::move(open)) {}
+
     std::unique_ptr<ByteFile> Open(const std::filesystem::path& path, OpenMode mode) override;
     bool Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
     bool Remove(const std::filesystem::path& path) override;
     bool MakeFolder(const std::filesystem::path& path) override;
+    bool Shorten(const std::filesystem::path& path, std::int64_t bytes) override;
+
+private:
+    FileOpener open_;
 };
 
 enum class EntryKind { File, Folder };

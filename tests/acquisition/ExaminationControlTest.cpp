@@ -46,13 +46,20 @@ TEST_F(ExaminationControlTest, TheQuickKeyRecordsTwentySecondsAndSaysSo)
 TEST_F(ExaminationControlTest, GoesOnWithTheFrankHalfOfADoubleExamination)
 {
     StartDemo();
-    State.CurrentPatient.No.Set("12");
-    State.ExamState = ExamState::Ready;
-    State.SysInfo.SampleLimit = State.WilsonSamples = 1000;
-    State.FrankSamples = 1500;
+    State.SysInfo.SystemControlTime = 1;
+    Windows.Scripts[WindowName::frmPatInput] = [this] {
+        State.CurrentPatient.No.Set("12");
+        State.WilsonSamples = 1000;
+        State.FrankSamples = 1500;
+    };
     Examination.PressGo();
+    EXPECT_EQ(State.ExamState, ExamState::Ready);
+    State.CurrentPatient.No.Set("99");  // somebody looks at another patient in the database
+    Examination.PressGo();
+    EXPECT_THAT(Windows.Closed, Contains(WindowName::frmPat));
     RunDemo(2500);
     RunSoon();
+    EXPECT_THAT(Path(), testing::StartsWith("000000012\\"));
     EXPECT_EQ(RecordSize(), 4784U + 1000 * 16);
     EXPECT_EQ(State.ExamState, ExamState::Ready);
     EXPECT_EQ(LeadSystemOf(State.SysInfo), LeadSystem::Frank);
@@ -131,9 +138,15 @@ TEST_F(ExaminationControlTest, WithoutAPatientNothingBegins)
     Examination.PressBack();
     EXPECT_EQ(State.ExamState, ExamState::Waiting);
     EXPECT_FALSE(Messages.Shown.empty());
-    State.ExamState = ExamState::Ready;
+
+    Windows.Scripts[WindowName::frmPatInput] = [this] { State.CurrentPatient.No.Set("12"); };
+    Examination.PressGo();
     Examination.PressBack();
     EXPECT_EQ(State.ExamState, ExamState::Waiting) << "cancelled";
+    Examination.PressGo();
+    Desk.Gone = true;
+    Examination.PressGo();
+    EXPECT_EQ(State.ExamState, ExamState::Waiting) << "nobody to record";
 }
 
 }  // namespace

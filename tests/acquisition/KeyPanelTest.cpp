@@ -81,7 +81,7 @@ TEST_F(KeyPanelTest, WindowsOverARecordingKeepItsStreamAlsoWhenTheyAreMissing)
         Keys.PressKey(number);
         EXPECT_FALSE(State.KeepStreaming);
         EXPECT_EQ(Windows.Opened, std::vector(2, window));
-        EXPECT_THAT(Messages.Shown, SizeIs(1)) << "there is no such window at first";
+        EXPECT_THAT(Messages.Shown, SizeIs(number == key::Event ? 0 : 1)) << "there is no such window at first";
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "box/BoxSimulator.h"
 #include "demo/DemoFiles.h"
+#include "support/FileBytes.h"
 #include "support/TemporaryDataFolder.h"
 #include "support/WindowDriver.h"
 #include "wfdb/Recording.h"
@@ -12,6 +13,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <cstring>
 #include <numeric>
 
 namespace ecg {
@@ -72,6 +74,79 @@ protected:
     TemporaryDataFolder Folder;
 };
 
+// A key of the main window, pressed and released.
+void PressKey(Workstation& workstation, const char* key)
+{
+    QTest::mouseClick(&Find<QWidget>(workstation.MainWindow(), key), Qt::LeftButton);
+}
+
+// Presses a key and waits until the end of a sampling is shown; presses OK there. False when that never comes.
+bool SampleToTheEnd(Workstation& workstation, const char* key)
+{
+    constexpr int longestMs = 40000;
+    bool shown = false;
+    QTimer end;
+    QObject::connect(&end, &QTimer::timeout, &end, [&] {
+        QWidget* window = QApplication::activeModalWidget();
+        if (window == nullptr || window->objectName() != "frmMsg")
+            return;
+        shown = true;
+        Click(*window, "Command1_0");
+    });
+    end.start(50);
+    PressKey(workstation, key);
+    return QTest::qWaitFor([&] { return shown; }, longestMs);
+}
+
+// Answers the windows of a standard examination as they come: a new patient with 4 s in Wilson and 3 s in Frank, the
+// electrodes, the end of each sampling, which it counts.
+void AnswerExamination(int& ends)
+{
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr)
+        return;
+    if (window->objectName() == "frmPatInput") {
+        Type(*window, "Text1_10", "12");
+        Type(*window, "Text1_0", "Wang");
+        Type(*window, "Text1_15", "7");
+        Type(*window, "Text2_0", "4");
+        Type(*window, "Text2_1", "3");
+        Click(*window, "Command1_1");
+    } else if (window->objectName() == "frmAskSamp") {
+        QTest::keyClick(window, Qt::Key_Return);
+    } else if (window->objectName() == "frmMsg") {
+        ++ends;
+        Click(*window, "Command1_0");
+    }
+}
+
+// The samples of a record file, their beat marks taken off.
+std::vector<Frame> SampledFrames(const std::string& record)
+{
+    constexpr std::size_t firstSampleByte = 4784;
+    std::vector<Frame> frames;
+    for (std::size_t at = firstSampleByte; at + sizeof(RecordSample) <= record.size(); at += sizeof(RecordSample)) {
+        RecordSample sample;
+        std::memcpy(&sample, record.data() + at, sizeof sample);
+        frames.push_back(ToFrame(sample));
+        frames.back()[0] = static_cast<std::int16_t>(frames.back()[0] & ~BeatMark);
+    }
+    return frames;
+}
+
+// Whether `piece` is what a box sends that plays `whole` over and over, from some frame of it on.
+bool IsStretchOf(const std::vector<Frame>& whole, const std::vector<Frame>& piece)
+{
+    for (std::size_t start = 0; start < whole.size(); ++start) {
+        std::size_t i = 0;
+        while (i < piece.size() && piece[i] == whole[(start + i) % whole.size()])
+            ++i;
+        if (i == piece.size())
+            return true;
+    }
+    return false;
+}
+
 class RecordingOnTheLine : public WorkstationTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(RecordingOnTheLine, ShowsTheHeartRateOfTheRecording)
@@ -104,6 +179,81 @@ TEST_P(RecordingOnTheLine, ShowsTheHeartRateOfTheRecording)
 INSTANTIATE_TEST_SUITE_P(Recordings, RecordingOnTheLine, testing::Values("s0010_re.hea", "100.hea"),
                          [](const auto& test) { return QString(test.param).section('.', 0, 0).toStdString(); });
 
+TEST_F(WorkstationTest, AQuickExaminationRecordsWhatTheBoxSendsToTheBit)
+{
+    const std::filesystem::path header = std::filesystem::path(ECG_SHARED_DATA) / "s0010_re.hea";
+    if (!std::filesystem::exists(header))
+        GTEST_SKIP() << header << " is not there";
+    const auto source = LoadFrameSource(header);
+    ASSERT_TRUE(source) << source.Reason();
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header});
+    Workstation workstation(Folder.Paths().Program);
+    ASSERT_TRUE(Start(workstation));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ShownRate(workstation) > 0; }, 15000)) << "the signal has settled";
+    ASSERT_TRUE(SampleToTheEnd(workstation, "KeyPic_17"));
+
+    const auto folder = Folder.File("RUVO00000");
+    const auto names = ListFolder(folder, EntryKind::File);
+    ASSERT_EQ(names.size(), 1U);
+    EXPECT_TRUE(names[0].ends_with(".W")) << names[0];
+    const std::string record = FileBytes(folder / names[0]);
+    ASSERT_EQ(record.size(), 164784U);
+    EXPECT_TRUE(IsStretchOf(source->Wilson, SampledFrames(record))) << "no frame lost, doubled or changed";
+
+    RecordHeader head;
+    std::memcpy(&head, record.data(), sizeof head);
+    EXPECT_EQ(head.ExamTime.Text() + ".W", names[0]);
+    EXPECT_EQ(head.Doctor.Text(), "张医生");
+    EXPECT_EQ(head.BirthYear.Text(), "0");
+    EXPECT_TRUE(head.Name.IsBlank() && head.DoctorNote[0].IsBlank() && head.EventText[0].IsBlank());
+    EXPECT_EQ(head.SavedStart, 0);
+    EXPECT_EQ(head.GainIndex, workstation.State().SysInfo.GainIndex);
+    EXPECT_EQ(head.SpeedIndex, workstation.State().SysInfo.SpeedIndex);
+    EXPECT_EQ(FileBytes(Folder.File("Patient.lib")).substr(0, 9), "RUVO00000");
+}
+
+TEST_F(WorkstationTest, AStandardExaminationRecordsBothLeadSystemsOfANewPatient)
+{
+    const std::filesystem::path header = std::filesystem::path(ECG_SHARED_DATA) / "s0010_re.hea";
+    if (!std::filesystem::exists(header))
+        GTEST_SKIP() << header << " is not there";
+    const auto source = LoadFrameSource(header);
+    ASSERT_TRUE(source) << source.Reason();
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header});
+    Workstation workstation(Folder.Paths().Program);
+    ASSERT_TRUE(Start(workstation));
+    int ends = 0;
+    QTimer doctor;
+    QObject::connect(&doctor, &QTimer::timeout, &doctor, [&ends] { AnswerExamination(ends); });
+    doctor.start(50);
+    const auto reaches = [&](ExamState state) {
+        return QTest::qWaitFor([&] { return workstation.State().ExamState == state; }, 20000);
+    };
+    PressKey(workstation, "KeyPic_16");
+    ASSERT_TRUE(reaches(ExamState::Ready));
+    PressKey(workstation, "KeyPic_16");
+    ASSERT_TRUE(reaches(ExamState::Ready)) << "for the second half";
+    PressKey(workstation, "KeyPic_16");
+    ASSERT_TRUE(QTest::qWaitFor([&ends] { return ends == 2; }, 20000));
+    EXPECT_EQ(workstation.State().ExamState, ExamState::Waiting);
+
+    const auto folder = Folder.File("000000012");
+    const auto names = ListFolder(folder, EntryKind::File);
+    ASSERT_EQ(names.size(), 2U);
+    const std::string wilson = FileBytes(folder / names[0]);
+    const std::string frank = FileBytes(folder / names[1]);
+    ASSERT_EQ(wilson.size(), 4784U + 2000 * 16);
+    ASSERT_EQ(frank.size(), 4784U + 1500 * 16);
+    EXPECT_TRUE(names[0].ends_with(".W") && names[1].ends_with(".F"));
+    EXPECT_TRUE(IsStretchOf(source->Wilson, SampledFrames(wilson)));
+    EXPECT_TRUE(IsStretchOf(source->Frank, SampledFrames(frank)));
+    for (const std::string& record : {wilson, frank}) {
+        RecordHeader head;
+        std::memcpy(&head, record.data(), sizeof head);
+        EXPECT_EQ(head.Name.Text() + "/" + head.Bed.Text(), "Wang/7");
+    }
+}
+
 TEST_F(WorkstationTest, RunsTheDemonstrationWithoutABoxAndKeepsTheDoctorsName)
 {
     {
@@ -113,7 +263,7 @@ TEST_F(WorkstationTest, RunsTheDemonstrationWithoutABoxAndKeepsTheDoctorsName)
         ASSERT_TRUE(QTest::qWaitFor([&] { return ShownRate(workstation) > 0; }, 10000));
         EXPECT_GE(ShownRate(workstation), 60);
         EXPECT_LE(ShownRate(workstation), 90);
-        QTest::mouseClick(&Find<QWidget>(workstation.MainWindow(), "KeyPic_0"), Qt::LeftButton);
+        PressKey(workstation, "KeyPic_0");
         EXPECT_FALSE(workstation.MainWindow().isVisible());
     }
     SysInfo settings;
@@ -134,7 +284,7 @@ TEST_F(WorkstationTest, OpensTheSettingsOverTheTraceAndGoesOnBehindThem)
         if (opened)
             QTest::keyClick(window, Qt::Key_Escape);
     });
-    QTest::mouseClick(&Find<QWidget>(workstation.MainWindow(), "KeyPic_10"), Qt::LeftButton);
+    PressKey(workstation, "KeyPic_10");
     EXPECT_TRUE(opened);
     const QImage before = Find<QWidget>(workstation.MainWindow(), "Picture4").grab().toImage();
     QTest::qWait(500);

@@ -22,6 +22,13 @@ RecordHeader TwoEvents()
     return header;
 }
 
+RecordHeader Stored(const EventEditor& editor, std::int32_t blockStart = onView)
+{
+    RecordHeader header = TwoEvents();
+    editor.StoreInto(header, blockStart);
+    return header;
+}
+
 TEST(EventEditor, ShowsTheEventsOfTheHeader)
 {
     const EventEditor editor(TwoEvents());
@@ -43,13 +50,26 @@ TEST(EventEditor, NewEventsTakeTheFirstFreeRowsAndOnePosition)
     EXPECT_TRUE(editor.Dirty());
     EXPECT_EQ(editor.Text(2) + editor.Text(4), "ab");
     EXPECT_FALSE(editor.Position(2));
-    const RecordHeader stored = editor.Stored(onView);
+    const RecordHeader stored = Stored(editor);
     EXPECT_EQ(stored.EventPos[1], onView);
     EXPECT_EQ(stored.EventPos[3], onView);
     EXPECT_EQ(stored.EventPos[2], 200);
     EXPECT_EQ(stored.EventPos[4], 0);
     EXPECT_EQ(EventCount(stored), 4);
-    EXPECT_EQ(editor.Stored(0).EventPos[1], 1);
+    EXPECT_EQ(Stored(editor, 0).EventPos[1], 1);
+    EXPECT_TRUE(stored.EventText[4].IsBlank());
+}
+
+TEST(EventEditor, EventsOfARecordingThatIsGoneAreNotStored)
+{
+    EventEditor editor(TwoEvents());
+    editor.SetText(2, "new");
+    RecordHeader again;
+    again.ExamTime.Set("20260309080600");
+    editor.StoreInto(again, onView);
+    EXPECT_EQ(again.EventPos[1], onView);
+    for (const std::size_t old : {0U, 2U})
+        EXPECT_TRUE(again.EventPos[old] == 0 && again.EventText[old].IsBlank()) << old;
 }
 
 TEST(EventEditor, AnEmptiedTextFreesItsSlotAndLeavesAGap)
@@ -59,7 +79,7 @@ TEST(EventEditor, AnEmptiedTextFreesItsSlotAndLeavesAGap)
     EXPECT_FALSE(editor.Dirty());
     editor.SetText(1, "");
     editor.SetText(47, "x");
-    const RecordHeader stored = editor.Stored(onView);
+    const RecordHeader stored = Stored(editor);
     EXPECT_EQ(stored.EventPos[0], 0);
     EXPECT_EQ(EventCount(stored), 0);
     EXPECT_EQ(EventEditor(stored).Text(3), "early");
@@ -74,7 +94,7 @@ TEST(EventEditor, ALongTextIsCutAndAFullTableTakesNoMore)
     }
     EXPECT_FALSE(editor.FreeRow());
     EXPECT_EQ(editor.Text(46), "一二三四五六七八九十一");
-    EXPECT_EQ(EventCount(editor.Stored(onView)), 46);
+    EXPECT_EQ(EventCount(Stored(editor)), 46);
 }
 
 }  // namespace

@@ -91,28 +91,6 @@ TEST(PatientDraft, TakesValuesInTheirRanges)
     EXPECT_EQ(StorableNumber("12345678患"), "12345678");
 }
 
-TEST_F(PatientEntryTest, AddingStoresEveryField)
-{
-    Start(0);
-    PatientEntry entry = Opened(EntryMode::Add);
-    entry.Type(Field::Number, "RUVO00001");
-    const Texts texts{"张三", "36", "170", "65", "北京", "100000", "010 1", "a@b", "id", "card"};
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        entry.Type(static_cast<Field>(i), texts[i]);
-    for (int item = 11; item <= 14; ++item)
-        entry.Type(static_cast<Field>(item), "item " + std::to_string(item));
-    entry.SetMale(false);
-    entry.SetFlag(9, true);
-    entry.SetFlag(10, true);
-    EXPECT_EQ(entry.Accept(), Answer::Done);
-    ASSERT_EQ(file_.Count(), 1);
-    EXPECT_EQ(DraftOf(*file_.Read(1), 2026), entry.Draft());
-    EXPECT_EQ(file_.Read(1)->BirthYear.Text(), "1990");
-    EXPECT_EQ(file_.Read(1)->CustomItem[3].Text(), "item 14");
-    EXPECT_TRUE(IsFolder(Path("RUVO00001")));
-    EXPECT_EQ(database_->SelectedRow(), 0);
-}
-
 TEST_F(PatientEntryTest, EmptyValuesCountAsZeroAndWrongOnesAreRefusedAtTheEndToo)
 {
     Start(0);
@@ -124,6 +102,8 @@ TEST_F(PatientEntryTest, EmptyValuesCountAsZeroAndWrongOnesAreRefusedAtTheEndToo
     EXPECT_EQ(entry.Accept(), Answer::Done);
     EXPECT_EQ(file_.Read(1)->BirthYear.Text(), "2026");
     EXPECT_EQ(file_.Read(1)->Weight, 0);
+    const PatientRecord tooOldToShow = Patient("2", "", "1900");
+    EXPECT_EQ(GatherPatient(DraftOf(tooOldToShow, 2026), 2026, tooOldToShow).BirthYear.Text(), "2026");
 }
 
 TEST_F(PatientEntryTest, ModifyingWritesTheSameSlotAndARefusedChangeNone)
@@ -160,30 +140,6 @@ TEST_F(PatientEntryTest, ModifyingWritesTheSameSlotAndARefusedChangeNone)
     EXPECT_EQ(merging.Confirm(), Answer::Done);
     EXPECT_TRUE(IsFile(Path("000000002") / "a.W"));
     EXPECT_EQ(Numbers(), (Texts{"000000002", "000000003"}));
-}
-
-TEST_F(PatientEntryTest, AnExaminationTakesAKnownPatientAsStored)
-{
-    Start();
-    PatientEntry entry = Opened(EntryMode::Examine);
-    entry.Type(Field::Number, "2");
-    EXPECT_EQ(entry.Draft()[Field::Name], "name 2");
-    EXPECT_EQ(entry.Draft()[Field::Number], "2");
-    entry.Type(Field::Number, "27");
-    EXPECT_EQ(entry.Draft()[Field::Name], "");
-    entry.Type(Field::Number, "2");
-    entry.Type(Field::Address, "not stored");
-    entry.Department = "内科";
-    entry.Type(Field::Bed, "7");
-    entry.Items.Check(5, true);
-    EXPECT_EQ(entry.Accept(), Answer::AskStore);
-    EXPECT_TRUE(state_.CurrentPatient.No.IsBlank());
-    EXPECT_EQ(entry.Confirm(), Answer::Done);
-    EXPECT_EQ(state_.CurrentPatient.Name.Text(), "name 2");
-    EXPECT_EQ(file_.Read(2)->Address.Text(), "");
-    EXPECT_EQ(state_.CurrentHeader.Department.Text() + state_.CurrentHeader.Bed.Text(), "内科7");
-    EXPECT_EQ(database_->SelectedRow(), 1);
-    EXPECT_EQ(file_.Count(), 3);
 }
 
 TEST_F(PatientEntryTest, AnExaminationOfAFolderWithoutAPatientMakesOne)

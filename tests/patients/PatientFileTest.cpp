@@ -3,6 +3,7 @@
 
 #include "PatientFixture.h"
 #include "support/CrashingFileSystem.h"
+#include "support/FailingFile.h"
 
 namespace ecg {
 namespace {
@@ -60,6 +61,22 @@ TEST_F(PatientFileTest, ACutRecordCountsWhenMoreThanHalfOfItIsThere)
         EXPECT_EQ(file_.Read(3).has_value(), count == 3) << cut;
         EXPECT_EQ(file_.Append(Patient("9")), count + 1) << cut;
         EXPECT_EQ(file_.Read(count + 1)->No.Text(), "9") << cut;
+    }
+}
+
+TEST_F(PatientFileTest, NoPieceOfAPatientIsLeftWhenTheDiskIsFull)
+{
+    FailingDevice device;
+    DiskFileSystem fullDisk(device.Opener());
+    PatientFile file(fullDisk, Data());
+    for (const bool first : {true, false}) {
+        for (const std::int64_t room : {0, 100, 237}) {
+            device.BytesLeft = room;
+            EXPECT_FALSE(file.Append(Patient("1")));
+            EXPECT_EQ(IsFile(Path(PatientFileName)), !first);
+            EXPECT_EQ(file.Count(), first ? 0 : 1) << room;
+        }
+        EXPECT_EQ(file_.Append(Patient("5")), first ? 1 : 2);
     }
 }
 

@@ -26,12 +26,13 @@ protected:
     Outcome<std::filesystem::path> Import(const std::filesystem::path& header, std::optional<LeadSystem> system = {},
                                           std::optional<std::string> patient = {})
     {
-        return ImportRecording({header, Data.Paths().Data, std::move(patient), system}, Clock, Device.Opener());
+        return ImportRecording({header, Data.Paths().Data, std::move(patient), system}, Clock, Disk);
     }
 
     const TemporaryDataFolder Data;
     FakeClock Clock;
     FailingDevice Device;
+    DiskFileSystem Disk{Device.Opener()};
 };
 
 std::vector<RecordSample> SamplesOf(const std::filesystem::path& record)

@@ -15,34 +15,35 @@ protected:
         PatientRecord patient;
         patient.No.Set(number);
         patient.Name.Set(name);
-        ASSERT_TRUE(AppendPatient(Data.Paths(), patient, OpenFile));
+        ASSERT_TRUE(Patients.Append(patient));
     }
 
-    std::string NewNumber() const { return ChooseNewPatient(Data.Paths())->Patient.No.Text(); }
+    std::string NewNumber() const { return ChooseNewPatient(Patients, Data.Paths().Data)->Patient.No.Text(); }
 
     const TemporaryDataFolder Data;
+    DiskFileSystem Disk;
+    PatientFile Patients{Disk, Data.Paths().Data};
 };
 
 TEST_F(PatientChoiceTest, FindsANumberHoweverItIsWritten)
 {
-    for (int i = 0; i < 1500; ++i)
-        Add(std::to_string(100 + i).c_str(), "another");
+    Add("4242", "another");
     Add("", "deleted");
     Add("0042", "first");
     Add("42", "second");
     Add("RUVO00007", "quick");
     for (const char* number : {"42", "000000042", "42  "})
-        EXPECT_EQ(ChoosePatient(Data.Paths(), number)->Patient.Name.Text(), "first") << number;
-    EXPECT_EQ(ChoosePatient(Data.Paths(), "ruvo00007")->Patient.No.Text(), "RUVO00007");
-    EXPECT_FALSE(ChoosePatient(Data.Paths(), "42")->IsNew);
-    EXPECT_TRUE(ChoosePatient(Data.Paths(), "43")->IsNew);
-    EXPECT_TRUE(ChoosePatient(Data.Paths(), "病7")->IsNew);
+        EXPECT_EQ(ChoosePatient(Patients, number)->Patient.Name.Text(), "first") << number;
+    EXPECT_EQ(ChoosePatient(Patients, "ruvo00007")->Patient.No.Text(), "RUVO00007");
+    EXPECT_FALSE(ChoosePatient(Patients, "42")->IsNew);
+    EXPECT_TRUE(ChoosePatient(Patients, "43")->IsNew);
+    EXPECT_TRUE(ChoosePatient(Patients, "病7")->IsNew);
 }
 
 TEST_F(PatientChoiceTest, RefusesWhatCannotBeANumber)
 {
     for (const char* number : {"", "  ", "1234567890", "病历号码五", "\xF0\x9F\x92\x93"})
-        EXPECT_FALSE(ChoosePatient(Data.Paths(), number)) << number;
+        EXPECT_FALSE(ChoosePatient(Patients, number)) << number;
 }
 
 TEST_F(PatientChoiceTest, NewNumbersHaveNeitherFolderNorPatient)

@@ -27,6 +27,10 @@ public:
     }
     bool Remove(const std::filesystem::path& path) override { return Step() && disk_.Remove(path); }
     bool MakeFolder(const std::filesystem::path& path) override { return Step() && disk_.MakeFolder(path); }
+    bool Shorten(const std::filesystem::path& path, std::int64_t bytes) override
+    {
+        return Step() && disk_.Shorten(path, bytes);
+    }
 
 private:
     class CrashingFile final : public ByteFile {

@@ -15,9 +15,15 @@ public:
             state_.CurrentPatient.No.Set("RUVO00007");
         return Works;
     }
+    bool TakeUp(std::string_view number) override
+    {
+        state_.CurrentPatient.No.Set(number);
+        return !Gone;
+    }
     void RefreshRecords() override { ++Refreshed; }
 
     bool Works = true;
+    bool Gone = false;  // the patient was deleted
     int Refreshed = 0;
 
 private:

@@ -7,7 +7,6 @@
 #include "wfdb/RecordingFrames.h"
 
 #include <algorithm>
-#include <ranges>
 #include <vector>
 
 namespace ecg {
@@ -53,8 +52,8 @@ public:
 
     RecordOutcome Record(std::span<const Frame> frames, const CalendarTime& start)
     {
-        for (const Frame& frame : frames.first(std::min(frames.size(), watchedFrames)) | std::views::reverse)
-            Process(frame);
+        for (std::size_t i = std::min(frames.size(), watchedFrames); i > 0; --i)
+            Process(frames[i - 1]);
         if (!writer_.Open(start))
             return writer_.Close();
         state_.ExamState = ExamState::Sampling;
@@ -141,15 +140,15 @@ void LoadSettings(SharedState& state, LeadSystem system)
 }
 
 Result MakeRecord(SharedState& state, const Signal& signal, const PatientChoice& choice, const CalendarTime& start,
-                  const FileOpener& open)
+                  FileSystem& files)
 {
     const std::string number = choice.Patient.No.Text();
     const auto path = state.Folders.File(RecordPathOf(number, start, signal.System));
     Unfinished made(state.Folders.Data / PatientFolderName(number), path);
-    RecordWriter writer(state, open);
+    RecordWriter writer(state, [&](const auto& file, OpenMode mode) { return files.Open(file, mode); });
     if (!Sampler(state, writer).Record(signal.Frames, start).IsWhole())
         return Result::Failure("cannot write " + path.string());
-    if (choice.IsNew && !AppendPatient(state.Folders, choice.Patient, open))
+    if (choice.IsNew && !PatientFile(files, state.Folders.Data).Append(choice.Patient))
         return Result::Failure("cannot enter the patient in " + state.Folders.Data.string());
     made.Finish();
     return path;
@@ -157,15 +156,16 @@ Result MakeRecord(SharedState& state, const Signal& signal, const PatientChoice&
 
 }  // namespace
 
-Result ImportRecording(const ImportOptions& options, Clock& clock, const FileOpener& open)
+Result ImportRecording(const ImportOptions& options, Clock& clock, FileSystem& files)
 {
     std::error_code error;
     if (!std::filesystem::is_directory(options.DataFolder, error))
         return Result::Failure("there is no folder " + options.DataFolder.string());
     SharedState state;
     state.Folders = {options.DataFolder.parent_path(), options.DataFolder};
+    const PatientFile patients(files, state.Folders.Data);
     const auto choice =
-        options.Patient ? ChoosePatient(state.Folders, *options.Patient) : ChooseNewPatient(state.Folders);
+        options.Patient ? ChoosePatient(patients, *options.Patient) : ChooseNewPatient(patients, state.Folders.Data);
     if (!choice)
         return Result::Failure(choice.Reason());
     const auto signal = LoadSignal(options);
@@ -176,7 +176,7 @@ Result ImportRecording(const ImportOptions& options, Clock& clock, const FileOpe
     const auto start = FreeMoment(state, clock);
     if (!start)
         return Result::Failure("the patient already has a record of this second");
-    return MakeRecord(state, *signal, *choice, *start, open);
+    return MakeRecord(state, *signal, *choice, *start, files);
 }
 
 }  // namespace ecg

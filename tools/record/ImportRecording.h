@@ -2,8 +2,8 @@
 #pragma once
 
 #include "core/Settings.h"
-#include "platform/ByteFile.h"
 #include "platform/Clock.h"
+#include "platform/FileSystem.h"
 #include "wfdb/Outcome.h"
 
 #include <filesystem>
@@ -26,7 +26,6 @@ struct ImportOptions {
 // watching. Settings are those of the data folder.
 //
 // Returns the record's file. A failure leaves the data folder as it was.
-Outcome<std::filesystem::path> ImportRecording(const ImportOptions& options, Clock& clock,
-                                               const FileOpener& open = OpenFile);
+Outcome<std::filesystem::path> ImportRecording(const ImportOptions& options, Clock& clock, FileSystem& files);
 
 }  // namespace ecg

@@ -1,9 +1,9 @@
 // The patient that an imported recording is for: found in the patient file by number, or new.
+//
+// The file may be in use by a running workstation: it is read as it stands, never compacted.
 #pragma once
 
-#include "core/DataFolder.h"
-#include "core/formats/PatientRecord.h"
-#include "platform/ByteFile.h"
+#include "patients/PatientFile.h"
 #include "wfdb/Outcome.h"
 
 #include <string>
@@ -17,14 +17,10 @@ struct PatientChoice {
 
 // The patient of `number`, as it stands in the patient file, or a new one without any particulars. Numbers are the same
 // when they name the same folder, letters of either case alike. Fails when the number cannot be stored or cannot name
-// a folder, or when the patient file cannot be read.
-Outcome<PatientChoice> ChoosePatient(const Folders& folders, const std::string& number);
+// a folder.
+Outcome<PatientChoice> ChoosePatient(const PatientFile& patients, const std::string& number);
 
-// A new patient under the first number from "RUVO00000" on that has neither a folder nor a patient.
-Outcome<PatientChoice> ChooseNewPatient(const Folders& folders);
-
-// Puts the patient behind the last one of the patient file, which is made when it is missing. False when the file could
-// not be written; it then holds the records it held before.
-bool AppendPatient(const Folders& folders, const PatientRecord& patient, const FileOpener& open);
+// A new patient under the first quick number that has neither a folder in `data` nor a patient.
+Outcome<PatientChoice> ChooseNewPatient(const PatientFile& patients, const std::filesystem::path& data);
 
 }  // namespace ecg

@@ -50,7 +50,8 @@ int Import(std::span<const std::string> words)
     if (!options)
         return Complain(options.Reason() + "; see ecg-record --help", exitUsage);
     SystemClock clock;
-    const auto record = ImportRecording(*options, clock);
+    DiskFileSystem disk;
+    const auto record = ImportRecording(*options, clock, disk);
     if (!record)
         return Complain(record.Reason(), exitFailure);
     std::printf("%s\n", record->c_str());

@@ -2,6 +2,7 @@
 
 #include "box/BoxSimulator.h"
 #include "core/Labels.h"
+#include "tour/PatientTour.h"
 #include "tour/StartScene.h"
 
 #include <QAbstractButton>
@@ -190,6 +191,9 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     tour.Picture(window, "frank");
     tour.Check(tour.Find<QLabel>(window, "Label4_5").text() == "Y", "the Frank system watches lead Y");
 
+    PlayDoubleExamination(tour, workstation, "zh");
+    PlayDatabase(tour, workstation, "zh");
+
     workstation.State().SysInfo.Language = 2;
     window.ShowTexts();
     window.ShowSelectors();
@@ -201,6 +205,8 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     window.resize(1024, 768);
     tour.Wait(3000);
     tour.Picture(window, "english");
+    PlayDoubleExamination(tour, workstation, "en");
+    PlayDatabase(tour, workstation, "en");
     PlayMessage(tour, workstation, "en");
     PlaySettings(tour, window, "en");
     PlayExit(tour, workstation);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QTest>
 #include <QTimer>
@@ -46,6 +47,25 @@ void TourDriver::Click(const QWidget& window, const QString& control, Qt::Keyboa
     QTest::mouseClick(&Find(window, control), Qt::LeftButton, modifiers);
 }
 
+void TourDriver::Type(const QWidget& window, const QString& line, const QString& text)
+{
+    auto& box = Find<QLineEdit>(window, line);
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    // An input method hands over whole words; the toolkit's key events carry one letter each.
+    for (const QChar letter : text)
+        QTest::sendKeyEvent(QTest::Click, &box, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+}
+
+QWidget& TourDriver::Window(const QString& name)
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == name && window->isVisible())
+            return *window;
+    Fail("no window " + name);
+}
+
 void TourDriver::Select(const QWidget& window, const QString& selector, int index)
 {
     auto& combo = Find<QComboBox>(window, selector);
@@ -74,6 +94,14 @@ void TourDriver::InWindow(const QString& window, const std::function<void()>& op
     poll.start(pollMs);
     open();
     Check(played, "window " + window + " opened");
+}
+
+void TourDriver::Agree(const std::function<void()>& open, const QString& picture)
+{
+    InWindow("MessageBox", open, [&](QWidget& box) {
+        Picture(box, picture);
+        Click(box, "Accept");
+    });
 }
 
 void TourDriver::Picture(QWidget& window, const QString& name)

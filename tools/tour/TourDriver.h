@@ -32,11 +32,20 @@ public:
 
     void Click(const QWidget& window, const QString& control, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
+    // Types into a line in place of what it holds.
+    void Type(const QWidget& window, const QString& line, const QString& text);
+
     // Picks entry `index` of a selector with the keyboard.
     void Select(const QWidget& window, const QString& selector, int index);
 
+    // The window of that name that shows; ends the tour when there is none.
+    QWidget& Window(const QString& name);
+
     // Runs `scene` on the blocking window of that name as soon as it has opened, then `open` may return.
     void InWindow(const QString& window, const std::function<void()>& open, const std::function<void(QWidget&)>& scene);
+
+    // The same for a question of the message box, which is answered with OK after its picture was taken.
+    void Agree(const std::function<void()>& open, const QString& picture);
 
     void Picture(QWidget& window, const QString& name);
 

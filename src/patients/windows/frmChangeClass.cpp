@@ -1,6 +1,7 @@
 #include "patients/windows/frmChangeClass.h"
 
 #include "core/windows/FixedTextEdit.h"
+#include "platform/qt/ButtonRow.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Style.h"
 
@@ -13,8 +14,7 @@
 namespace ecg {
 namespace {
 
-constexpr int textWidth = 288;   // pixels
-constexpr int buttonWidth = 96;  // pixels
+constexpr int textWidth = 288;  // pixels
 
 constexpr std::array<Twin, 2> captions{{{"送检单位", "Class"}, {"床位号", "Bed"}}};
 constexpr std::array<Twin, 2> buttons{{{"恢复", "Restore"}, {"确定", "OK"}}};
@@ -41,15 +41,8 @@ frmChangeClass::frmChangeClass(SharedState& state, QWidget* parent) : QDialog(pa
         grid->addWidget(Text1_[i], static_cast<int>(i), 1);
     }
     column->addLayout(grid);
-    auto* row = new QHBoxLayout;
-    row->setSpacing(style::GridStep);
-    row->addStretch();
-    for (std::size_t i = 0; i < Command1_.size(); ++i) {
-        Command1_[i] = Named(new QPushButton(buttons[i].In(state_.SysInfo), this), "Command1", i);
-        Command1_[i]->setMinimumWidth(buttonWidth);
-        row->addWidget(Command1_[i]);
-    }
-    column->addLayout(row);
+    column->addLayout(
+        MakeButtonRow(this, "Command1", {buttons[0].In(state_.SysInfo), buttons[1].In(state_.SysInfo)}, Command1_));
     Command1_[1]->setDefault(true);
     connect(Command1_[0], &QPushButton::clicked, this, [this] { ShowStored(); });
     connect(Command1_[1], &QPushButton::clicked, this, [this] { Take(); });

@@ -17,6 +17,21 @@ void Pictures::Draw(QPainter& painter, const QString& name, const QRectF& area) 
     painter.restore();
 }
 
+QIcon Pictures::Icon(const QString& name, int size) const
+{
+    QIcon icon;
+    for (const int scale : {1, 2}) {
+        QPixmap pixmap(size * scale, size * scale);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        Draw(painter, name, QRectF(pixmap.rect()));
+        painter.end();
+        pixmap.setDevicePixelRatio(scale);
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
 QSvgRenderer* Pictures::Find(const QString& name) const
 {
     auto found = loaded_.find(name);

@@ -1,6 +1,7 @@
 // The system's pictures, drawn as SVG and sharp at any size.
 #pragma once
 
+#include <QIcon>
 #include <QPainter>
 #include <QString>
 #include <QSvgRenderer>
@@ -18,6 +19,9 @@ public:
 
     // Draws the named picture to fill `area`; one that cannot be read leaves the area alone.
     void Draw(QPainter& painter, const QString& name, const QRectF& area) const;
+
+    // The named picture as an icon of `size` pixels, sharp on finer screens too.
+    QIcon Icon(const QString& name, int size) const;
 
 private:
     QSvgRenderer* Find(const QString& name) const;

@@ -32,6 +32,7 @@ bool QtMessageBox::Show(std::string_view text, std::string_view title, MessageBu
     const Words words = WordsOf(buttons, chinese_());
     QMessageBox box(QMessageBox::NoIcon, ToQt(title), ToQt(text), QMessageBox::NoButton, QApplication::activeWindow());
     box.setObjectName("MessageBox");
+    box.setTextFormat(Qt::PlainText);  // names of patients are in it
     QPushButton* accept = box.addButton(words.Accept, QMessageBox::AcceptRole);
     accept->setObjectName("Accept");
     // Enter and Escape take the button that changes nothing.

@@ -50,6 +50,7 @@ QSlider::handle:horizontal:focus { border: 2px solid #185c60; }
 QMenu { background: #f6f8ee; color: #262e1c; border: 1px solid #55603c; padding: 4px; }
 QMenu::item { padding: 5px 24px; }
 QMenu::item:selected { background: #185c60; color: white; }
+QMenu::item:disabled { color: #8a9170; background: transparent; }
 QGroupBox { border: 1px solid #7d8660; border-radius: 4px; margin-top: 10px; padding: 12px 8px 8px 8px; }
 QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 4px; font-weight: bold; }
 QTabWidget::pane { border: 1px solid #7d8660; border-radius: 4px; top: -1px; }
@@ -60,6 +61,23 @@ QTabBar::tab {
 QTabBar::tab:selected { background: #bec798; font-weight: bold; margin-bottom: -1px; }
 QTabBar::tab:hover:!selected { background: #d6ddb8; }
 QTabBar::tab:focus { border: 2px solid #185c60; }
+QTableView {
+    background: #f6f8ee; alternate-background-color: #eaeedb; color: #262e1c; border: 2px solid #7d8660;
+    gridline-color: #d6ddb8; selection-background-color: #185c60; selection-color: white;
+}
+QTableView:focus { border-color: #185c60; }
+QPushButton[gridHeader="true"] {
+    background: #aeb788; border: none; border-right: 1px solid #7d8660; border-radius: 0; padding: 2px; font-weight: bold;
+}
+QPushButton[gridHeader="true"]:hover { background: #d6ddb8; }
+QPushButton[gridHeader="true"]:focus { border: 2px solid #185c60; padding: 0; }
+QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 4px 8px; color: #262e1c; }
+QToolButton:hover:enabled { background: #d6ddb8; border-color: #55603c; }
+QToolButton:pressed { background: #9ea876; }
+QToolButton:focus { border: 2px solid #185c60; padding: 3px 7px; }
+QToolButton:disabled { color: #545c3e; }
+QProgressBar { background: #f6f8ee; border: 1px solid #7d8660; border-radius: 3px; text-align: center; height: 18px; }
+QProgressBar::chunk { background: #aeb788; }
 )";
 
 QPalette ClinicalPalette()

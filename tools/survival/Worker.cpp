@@ -1,0 +1,264 @@
+#include "survival/Worker.h"
+
+#include "core/PatientNumber.h"
+#include "survival/Child.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+#include <array>
+#include <iostream>
+#include <unistd.h>
+
+namespace ecg {
+namespace {
+
+constexpr std::array kinds{"enter",  "enter",  "change",   "renumber", "merge",
+                           "remove", "remove", "unrecord", "examine",  "examine"};
+
+void Tell(const std::string& kind, const Words& words = {})
+{
+    std::string line = kind;
+    for (const std::string& word : words)
+        line += " " + word;
+    line += "\n";
+    [[maybe_unused]] const ssize_t written = write(StepsHandle, line.data(), line.size());
+}
+
+std::string TellAndWait(const std::string& kind, const Words& words = {})
+{
+    Tell(kind, words);
+    std::string word;
+    std::cin >> word;
+    return word;
+}
+
+// What cannot be gone on from.
+[[noreturn]] void Stop(const std::string& why)
+{
+    Tell("fault", {why});
+    _exit(EXIT_FAILURE);
+}
+
+bool IsQuick(const std::string& patient)
+{
+    return patient.starts_with("RUVO");
+}
+
+// The patients that `wanted` holds for.
+template <class Predicate>
+Words Choose(const DataState& state, Predicate wanted)
+{
+    Words chosen;
+    for (const auto& [number, patient] : state.Patients)
+        if (wanted(number, patient))
+            chosen.push_back(number);
+    return chosen;
+}
+
+}  // namespace
+
+Worker::Worker(const std::filesystem::path& program, unsigned seed, std::string favourite)
+    : tour_(program),
+      workstation_(program),
+      database_(workstation_.State()),
+      random_(seed),
+      favourite_(std::move(favourite))
+{}
+
+void Worker::Run()
+{
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [this] { WatchMessages(); });
+    constexpr int watchMs = 50;
+    watch.start(watchMs);
+
+    Start();
+    if (TellAndWait("started") == "leave") {
+        tour_.Click(workstation_.MainWindow(), "KeyPic_0");
+        return;
+    }
+    for (;;)
+        Step(Random(0, 1) == 0 ? favourite_ : kinds[static_cast<std::size_t>(Random(0, kinds.size() - 1))]);
+}
+
+void Worker::Start()
+{
+    bool started = false;
+    const auto splash = [&] { started = workstation_.StartUp(); };
+    const auto name = [&] {
+        tour_.InWindow("frmSplash", splash, [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); });
+    };
+    tour_.InWindow("frmSelectName", name, [&](QWidget& window) {
+        auto& box = tour_.Find<QLineEdit>(window, "Text1_0");
+        box.clear();
+        QTest::keyClicks(&box, "Dr Example");
+        Begin({"start"});  // the database is opened next
+        tour_.Click(window, "Command1_0");
+    });
+    if (!started)
+        Stop("the workstation does not start");
+    workstation_.MainWindow().show();
+}
+
+void Worker::Step(const std::string& kind)
+{
+    if (kind == "enter")
+        Enter();
+    else if (kind == "change" || kind == "renumber")
+        Change(kind);
+    else if (kind == "merge")
+        Merge();
+    else if (kind == "remove")
+        Remove();
+    else if (kind == "unrecord")
+        RemoveRecord();
+    else if (kind != "start")
+        Examine();
+}
+
+void Worker::Enter()
+{
+    const Words fields{FreeNumber(ReadDataState(workstation_.State().Folders.Data)),
+                       "name" + std::to_string(Random(0, 99999)), std::to_string(Random(0, 99)),
+                       std::to_string(Random(40, 250)), std::to_string(Random(5, 250))};
+    Words step = fields;
+    step.insert(step.begin(), "enter");
+    Begin(step);
+    Done(database_.Enter(fields));
+}
+
+// Quick patients are left out: their fields are not those that the entry window gives back.
+void Worker::Change(const std::string& kind)
+{
+    const DataState state = ReadDataState(workstation_.State().Folders.Data);
+    const std::string patient = AnyOf(Choose(state, [](auto& number, auto&) { return !IsQuick(number); }));
+    if (patient.empty())
+        return;
+    const std::string text = kind == "change" ? "name" + std::to_string(Random(0, 99999)) : FreeNumber(state);
+    Begin({kind, patient, text});
+    Done(kind == "change" ? database_.Rename(patient, text) : database_.Renumber(patient, text));
+}
+
+void Worker::Merge()
+{
+    const DataState state = ReadDataState(workstation_.State().Folders.Data);
+    const auto hasFiles = [](auto& number, auto& patient) { return IsQuick(number) && !patient.Files.empty(); };
+    const std::string from = AnyOf(Choose(state, hasFiles));
+    if (from.empty())
+        return;
+    const auto& files = state.Patients.at(from).Files;
+    // A record whose name is taken would get another one, which the ledger does not follow.
+    const std::string to = AnyOf(Choose(state, [&](auto& number, auto& patient) {
+        return !IsQuick(number) &&
+               std::ranges::none_of(files, [&](auto& file) { return patient.Files.contains(file.first); });
+    }));
+    if (to.empty())
+        return;
+    Begin({"merge", from, to});
+    Done(database_.Merge(from, to));
+}
+
+void Worker::Remove()
+{
+    const DataState state = ReadDataState(workstation_.State().Folders.Data);
+    const auto count = static_cast<std::size_t>(Random(1, 3));
+    if (state.Order.size() < count)
+        return;
+    const int first = Random(0, static_cast<int>(state.Order.size() - count));
+    const Words patients(state.Order.begin() + first, state.Order.begin() + first + static_cast<int>(count));
+    Words step = patients;
+    step.insert(step.begin(), "remove");
+    Begin(step);
+    Done(database_.Remove(patients));
+}
+
+void Worker::RemoveRecord()
+{
+    const DataState state = ReadDataState(workstation_.State().Folders.Data);
+    const std::string patient = AnyOf(Choose(state, [](auto&, auto& kept) { return !kept.Files.empty(); }));
+    if (patient.empty())
+        return;
+    const std::string file = state.Patients.at(patient).Files.begin()->first;
+    Begin({"unrecord", patient, file});
+    Done(database_.RemoveRecord(patient, file));
+}
+
+// A quick examination: mostly ended early by the key, sometimes begun again, now and then left to its 20 seconds.
+void Worker::Examine()
+{
+    Begin({"quick"});
+    tour_.Click(workstation_.MainWindow(), "KeyPic_17");
+    const SharedState& state = workstation_.State();
+    const std::string patient = state.CurrentPatient.No.Text();
+    Done(state.ExamState == ExamState::Sampling, {patient});
+    Begin({"sampling", patient});
+    tour_.Wait(Random(100, 700));
+    if (Random(0, 3) == 0) {
+        tour_.Click(workstation_.MainWindow(), "KeyPic_17");
+        tour_.Wait(Random(100, 700));
+    }
+    Finish(patient);
+}
+
+void Worker::Finish(const std::string& patient)
+{
+    constexpr int longestMs = 30000;
+    const SharedState& state = workstation_.State();
+    const bool toTheLimit = Random(0, 39) == 0;
+    const auto finish = [&] {
+        Begin({"finish", patient});
+        if (toTheLimit)
+            tour_.WaitUntil([&] { return QApplication::activeModalWidget() != nullptr; }, longestMs);
+        else
+            tour_.Click(workstation_.MainWindow(), "KeyPic_16");
+    };
+    tour_.InWindow("frmMsg", finish, [&](QWidget& message) {
+        const auto file = state.Folders.File(state.RecordPath);
+        const bool whole = state.MsgLines[4].empty() && file.parent_path().filename() == patient;
+        Done(whole, {patient, file.filename().string(), Fingerprint(file)});
+        tour_.Click(message, "Command1_0");
+    });
+}
+
+void Worker::Begin(const Words& step)
+{
+    TellAndWait("begin", step);
+}
+
+void Worker::Done(bool done, const Words& result)
+{
+    if (!done)
+        Stop("the workstation refused the last step");
+    Tell("done", result);
+}
+
+void Worker::WatchMessages()
+{
+    if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+        Stop("a message nobody expected: " + box->text().toStdString());
+}
+
+int Worker::Random(int from, int to)
+{
+    return std::uniform_int_distribution(from, to)(random_);
+}
+
+std::string Worker::FreeNumber(const DataState& state)
+{
+    for (;;) {
+        std::string number = std::to_string(Random(1, 999'999));
+        if (!state.Patients.contains(PatientFolderName(number)))
+            return number;
+    }
+}
+
+std::string Worker::AnyOf(const Words& words)
+{
+    return words.empty() ? "" : words[static_cast<std::size_t>(Random(0, static_cast<int>(words.size()) - 1))];
+}
+
+}  // namespace ecg
