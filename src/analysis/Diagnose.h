@@ -13,8 +13,8 @@
 
 namespace ecg {
 
-// Said when no rule fires at all: a healthy beat is "Normal sinus rhythm" alone. The English is spelled like that on all
-// reports.
+// Said when no rule fires at all: a healthy beat is "Normal sinus rhythm" alone. The English is spelled like that on
+// all reports.
 inline constexpr Twin NormalEcg{"正常心电图", "Normal ecectrocaodiogram"};
 
 // The statements of the rules that fire, in the order of the rules; none for a beat of which there is nothing to say.

@@ -1,7 +1,7 @@
 // The words in which the diagnosis rules are written: what can be asked of the measured values of a beat.
 //
-// Amplitudes are millivolts, times milliseconds; the depths of Q and S are magnitudes. A question about several leads is
-// answered yes when it holds in each of them. "Above" and "below" leave out the limit itself.
+// Amplitudes are millivolts, times milliseconds; the depths of Q and S are magnitudes. A question about several leads
+// is answered yes when it holds in each of them. "Above" and "below" leave out the limit itself.
 #pragma once
 
 #include "analysis/BeatResult.h"
