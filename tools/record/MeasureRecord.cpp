@@ -1,6 +1,7 @@
 #include "record/MeasureRecord.h"
 
 #include "analysis/AboutResult.h"
+#include "analysis/Diagnose.h"
 #include "record/Json.h"
 
 #include <algorithm>
@@ -52,6 +53,18 @@ std::string ParamsJson(const MeasuredParams& params)
     return json.Text();
 }
 
+// The lines of the diagnosis prompts in both languages.
+std::string DiagnosisJson(const MeasuredParams& params, Byte sex)
+{
+    auto statements = DiagnosticStatements(params, sex);
+    if (statements.empty())
+        statements.push_back(NormalEcg);
+    JsonObject json;
+    json.Add("zh", JsonArray(statements, [](const Twin& statement) { return Json(statement.Chinese); }));
+    json.Add("en", JsonArray(statements, [](const Twin& statement) { return Json(statement.English); }));
+    return json.Text();
+}
+
 // A record under review, without a window.
 class Review {
 public:
@@ -59,6 +72,7 @@ public:
     {
         state_.Folders.Data = record.parent_path();
         state_.RecordPath = record.filename().string();
+        file_.ReadHeader(WhichRecord::Current);
         file_.CountSlots(WhichRecord::Current);
     }
 
@@ -107,6 +121,7 @@ private:
         json.Add("LocateTable", JsonArray(result.Locate, [](const LeadLines& lines) { return JsonNumbers(lines); }));
         json.Add("UnifiedLines", JsonNumbers(result.Unified));
         json.Add("MeasuredParams", ParamsJson(result.Params));
+        json.Add("Diagnosis", DiagnosisJson(result.Params, state_.CurrentHeader.Sex));
         return json.Text();
     }
 
