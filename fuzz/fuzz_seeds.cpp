@@ -1,9 +1,11 @@
 // Writes the inputs that fuzzing starts from: `fuzz_seeds FOLDER` fills a folder for each target in FOLDER.
+#include "analysis/KnownBeats.h"
 #include "box/WireFrame.h"
 #include "core/Settings.h"
 #include "core/formats/PatientRecord.h"
 #include "core/formats/RecordHeader.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -96,6 +98,25 @@ Bytes RecordSeed()
     return bytes;
 }
 
+// Two beats, the second one in the middle, the first sample on view; Wilson or Frank leads.
+Bytes ReviewSeed(std::uint8_t frank)
+{
+    struct Control {
+        Int32 CenterSlot{300 + knownFirstBeat + knownInterval};
+        Int32 BlockStart{300};
+    };
+    Bytes bytes = BytesOf(Control{});
+    bytes.push_back(frank);
+    const Bytes header = BytesOf(RecordHeader{});
+    bytes.insert(bytes.end(), header.begin(), header.end());
+    bytes.resize(bytes.size() + 4);
+    for (const Frame& frame : KnownFrames(900)) {
+        const Bytes sample = BytesOf(ToSample(frame));
+        bytes.insert(bytes.end(), sample.begin(), sample.end());
+    }
+    return bytes;
+}
+
 // A recording in the folder of `fuzz_import`: the lead system, the patient, the header, and two signals' samples.
 Bytes ImportSeed(char system, const std::string& patient, const std::string& header)
 {
@@ -120,7 +141,8 @@ bool WriteImportSeeds(const std::filesystem::path& folder)
 
 bool WriteSeeds(const std::filesystem::path& folder)
 {
-    return Write(folder / "decoder/wilson", StreamSeed(0x5A, 0, 15)) &&
+    return Write(folder / "analysis/wilson", ReviewSeed(0)) && Write(folder / "analysis/frank", ReviewSeed(1)) &&
+           Write(folder / "decoder/wilson", StreamSeed(0x5A, 0, 15)) &&
            Write(folder / "decoder/frank", StreamSeed(0xC3, 1, 0)) && Write(folder / "decoder/beat", BeatSeed()) &&
            WriteImportSeeds(folder / "import") && Write(folder / "patients/patients", PatientsSeed()) &&
            Write(folder / "record/record", RecordSeed()) && Write(folder / "settings/factory", SettingsSeed()) &&

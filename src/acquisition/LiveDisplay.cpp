@@ -1,6 +1,6 @@
 #include "acquisition/LiveDisplay.h"
 
-#include "acquisition/LeadDerivation.h"
+#include "core/LeadDerivation.h"
 #include "core/MmGrid.h"
 #include "core/Numbers.h"
 

@@ -1,7 +1,7 @@
 // The sweep, read as numbers from a surface that records.
 #include "acquisition/LiveDisplay.h"
 
-#include "acquisition/LeadDerivation.h"
+#include "core/LeadDerivation.h"
 #include "support/EncodeFrames.h"
 #include "support/RecordingSurface.h"
 #include "support/RecordingView.h"

@@ -98,6 +98,28 @@ bool SampleToTheEnd(Workstation& workstation, const char* key)
     return QTest::qWaitFor([&] { return shown; }, longestMs);
 }
 
+// Answers the windows of a standard examination as they come: a new patient with 4 s in Wilson and 3 s in Frank, the
+// electrodes, the end of each sampling, which it counts.
+void AnswerExamination(int& ends)
+{
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr)
+        return;
+    if (window->objectName() == "frmPatInput") {
+        Type(*window, "Text1_10", "12");
+        Type(*window, "Text1_0", "Wang");
+        Type(*window, "Text1_15", "7");
+        Type(*window, "Text2_0", "4");
+        Type(*window, "Text2_1", "3");
+        Click(*window, "Command1_1");
+    } else if (window->objectName() == "frmAskSamp") {
+        QTest::keyClick(window, Qt::Key_Return);
+    } else if (window->objectName() == "frmMsg") {
+        ++ends;
+        Click(*window, "Command1_0");
+    }
+}
+
 // The samples of a record file, their beat marks taken off.
 std::vector<Frame> SampledFrames(const std::string& record)
 {
@@ -188,6 +210,48 @@ TEST_F(WorkstationTest, AQuickExaminationRecordsWhatTheBoxSendsToTheBit)
     EXPECT_EQ(head.GainIndex, workstation.State().SysInfo.GainIndex);
     EXPECT_EQ(head.SpeedIndex, workstation.State().SysInfo.SpeedIndex);
     EXPECT_EQ(FileBytes(Folder.File("Patient.lib")).substr(0, 9), "RUVO00000");
+}
+
+TEST_F(WorkstationTest, AStandardExaminationRecordsBothLeadSystemsOfANewPatient)
+{
+    const std::filesystem::path header = std::filesystem::path(ECG_SHARED_DATA) / "s0010_re.hea";
+    if (!std::filesystem::exists(header))
+        GTEST_SKIP() << header << " is not there";
+    const auto source = LoadFrameSource(header);
+    ASSERT_TRUE(source) << source.Reason();
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header});
+    Workstation workstation(Folder.Paths().Program);
+    ASSERT_TRUE(Start(workstation));
+    int ends = 0;
+    QTimer doctor;
+    QObject::connect(&doctor, &QTimer::timeout, &doctor, [&ends] { AnswerExamination(ends); });
+    doctor.start(50);
+    const auto reaches = [&](ExamState state) {
+        return QTest::qWaitFor([&] { return workstation.State().ExamState == state; }, 20000);
+    };
+    PressKey(workstation, "KeyPic_16");
+    ASSERT_TRUE(reaches(ExamState::Ready));
+    PressKey(workstation, "KeyPic_16");
+    ASSERT_TRUE(reaches(ExamState::Ready)) << "for the second half";
+    PressKey(workstation, "KeyPic_16");
+    ASSERT_TRUE(QTest::qWaitFor([&ends] { return ends == 2; }, 20000));
+    EXPECT_EQ(workstation.State().ExamState, ExamState::Waiting);
+
+    const auto folder = Folder.File("000000012");
+    const auto names = ListFolder(folder, EntryKind::File);
+    ASSERT_EQ(names.size(), 2U);
+    const std::string wilson = FileBytes(folder / names[0]);
+    const std::string frank = FileBytes(folder / names[1]);
+    ASSERT_EQ(wilson.size(), 4784U + 2000 * 16);
+    ASSERT_EQ(frank.size(), 4784U + 1500 * 16);
+    EXPECT_TRUE(names[0].ends_with(".W") && names[1].ends_with(".F"));
+    EXPECT_TRUE(IsStretchOf(source->Wilson, SampledFrames(wilson)));
+    EXPECT_TRUE(IsStretchOf(source->Frank, SampledFrames(frank)));
+    for (const std::string& record : {wilson, frank}) {
+        RecordHeader head;
+        std::memcpy(&head, record.data(), sizeof head);
+        EXPECT_EQ(head.Name.Text() + "/" + head.Bed.Text(), "Wang/7");
+    }
 }
 
 TEST_F(WorkstationTest, RunsTheDemonstrationWithoutABoxAndKeepsTheDoctorsName)

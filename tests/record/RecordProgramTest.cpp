@@ -1,5 +1,6 @@
 // The program itself: what it prints, how it ends, and that a wrong call changes nothing.
 #include "HandMadeRecording.h"
+#include "record/Json.h"
 #include "support/FileBytes.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,35 @@ TEST_F(RecordProgramTest, PrintsThePathOfEachRecord)
     EXPECT_NE(paths[0], paths[1]);
 }
 
+TEST_F(RecordProgramTest, MeasuresBeatsAsLinesOfJson)
+{
+    const auto has = [](const std::string& json, const std::string& part) {
+        EXPECT_NE(json.find(part), std::string::npos) << part << " is not in " << json;
+    };
+    const std::string record = Start("import --patient 42 made.hea Data").Output;
+    const std::string measure = "measure " + record.substr(0, record.find('\n'));
+    const std::string second = Start(measure).Output;
+    has(second, R"({"SlotCount":10299,"BlockStart":300,"RFlagList":[400,800,1200,)");
+    has(second, R"("CenterSlot":800,"HeartRate":75,"LocateTable":[[)");
+    has(second, R"("UnifiedLines":[)");
+    has(second, R"("MeasuredParams":{"Complex":[")");
+    has(second, R"(10000,10000],"QTc":[)");
+    // The beat has next to nothing in the chest leads, and no T in I and aVL.
+    has(second, R"("Diagnosis":{"zh":["胸导联低电压","冠状动脉供血不足"],)");
+    has(second, R"("en":["Chest lead low voltage","Coronary insufficiency"]}})");
+    EXPECT_EQ(Start(measure + " --beat 1").Output, second);
+    has(Start(measure + " --start 5000 --beat 0").Output, R"("BlockStart":5000,"RFlagList":[5200,)");
+    has(Start(measure + " --start 10290").Output, R"("RFlagList":[],"CenterSlot":0,"HeartRate":0,)");
+
+    const std::string all = Start(measure + " --all").Output;
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 25);
+    has(all, R"("BlockStart":300,)");
+    has(all, R"("CenterSlot":10000,"HeartRate":75,)");
+
+    EXPECT_EQ(Json("a\"\\\n\u00e9"), R"("a\"\\\u000aé")");
+    EXPECT_EQ(JsonNumbers(std::array{0.1F, -2.5F, std::nanf("")}), "[0.1,-2.5,null]");
+}
+
 TEST_F(RecordProgramTest, RefusesAWrongCallInWordsAndChangesNothing)
 {
     constexpr int failure = 1;
@@ -60,7 +90,18 @@ TEST_F(RecordProgramTest, RefusesAWrongCallInWordsAndChangesNothing)
     std::ofstream(Data.Paths().Program / "lost.hea") << "lost 1 500 100\nnone.dat 16 200 16 0 0 0 0 ii\n";
     const std::vector<std::tuple<const char*, int, const char*>> calls{
         {"", usage, "which command"},
-        {"measure", usage, "unknown command measure"},
+        {"print", usage, "unknown command print"},
+        {"measure", usage, "takes a record"},
+        {"measure made.dat --start 299", usage, "300 or more"},
+        {"measure made.dat --beat 50", usage, "0 to 49"},
+        {"measure made.dat --beat", usage, "0 to 49"},
+        {"measure made.dat --beat 2x", usage, "0 to 49"},
+        {"measure made.dat --all --beat 1", usage, "neither --start nor --beat"},
+        {"measure made.dat --lead 1", usage, "unknown option --lead"},
+        {"measure none.W", failure, "cannot read none.W"},
+        {"measure Data", failure, "cannot read Data"},
+        {"measure cut.hea", failure, "cut.hea has no samples"},
+        {"measure made.dat --beat 0", failure, "has 0 beats"},
         {"import", usage, "a header and a data folder"},
         {"import made.hea Data Data", usage, "a header and a data folder"},
         {"import made.hea Data --system X", usage, "W or F"},

@@ -1,5 +1,6 @@
 // ecg-record: works on stored records without the workstation. See README.md, or --help.
 #include "record/ImportCommand.h"
+#include "record/MeasureCommand.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -14,13 +15,23 @@ constexpr int exitUsage = 2;
 
 constexpr const char* help =
     R"(ecg-record import HEADER.hea DATA_FOLDER [--patient NO] [--system W|F]
+ecg-record measure RECORD [--start SLOT] [--beat K] [--all]
 
+import
 Makes a WFDB recording a record of the data folder, as if the amplifier box had sent it: a finished
 record with its beat marks, for a patient who is entered when the data folder has none of that number.
 Prints the path of the record. When it fails the data folder is as it was.
 
   --patient NO   the patient's medical number (the first free one from RUVO00000 on)
   --system W|F   Wilson or Frank leads (Wilson; Frank when the recording has no Wilson lead)
+
+measure
+Prints what a review of the record finds of one beat, as a JSON object on one line. Its view is 4400
+samples long. A record whose name ends in .F has Frank leads.
+
+  --start SLOT   where the view begins (300, the first sample)
+  --beat K       which of the beats in the view, from 0 on (1)
+  --all          every beat of the record instead, a line for each, in the middle of its own view
 )";
 
 // Reasons quote what was read, which may be anything.
@@ -47,6 +58,15 @@ int Import(std::span<const std::string> words)
     return 0;
 }
 
+int Measure(std::span<const std::string> words)
+{
+    const auto options = ParseMeasure(words);
+    if (!options)
+        return Complain(options.Reason() + "; see ecg-record --help", exitUsage);
+    const auto beats = MeasureRecord(*options, [](const std::string& line) { std::printf("%s\n", line.c_str()); });
+    return beats ? 0 : Complain(beats.Reason(), exitFailure);
+}
+
 int Main(const std::vector<std::string>& words)
 {
     if (words.empty())
@@ -57,6 +77,8 @@ int Main(const std::vector<std::string>& words)
     }
     if (words[0] == "import")
         return Import(std::span(words).subspan(1));
+    if (words[0] == "measure")
+        return Measure(std::span(words).subspan(1));
     return Complain("unknown command " + words[0] + "; see ecg-record --help", exitUsage);
 }
 

@@ -1,9 +1,12 @@
 // The leads that are shown, from the channels that are stored. Nothing derived is ever stored.
 #pragma once
 
+#include "core/Numbers.h"
 #include "core/formats/RecordSample.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 
 namespace ecg {
 
@@ -28,6 +31,19 @@ inline std::array<float, 3> DeriveFrankLeads(const Frame& frame)
     constexpr float zero = ZeroLevel;
     return {static_cast<float>(frame[0] & SampleMask) - zero, static_cast<float>(frame[1]) - zero,
             static_cast<float>(frame[2]) - zero};
+}
+
+// Leads as they are held in memory: each to the nearest whole count, ties to even. Words of a damaged file may give
+// values that do not fit; they stand at the end of the range.
+template <std::size_t Count>
+std::array<std::int16_t, Count> WholeCounts(const std::array<float, Count>& leads)
+{
+    using Limits = std::numeric_limits<std::int16_t>;
+    std::array<std::int16_t, Count> counts{};
+    for (std::size_t i = 0; i < Count; ++i)
+        counts[i] =
+            static_cast<std::int16_t>(std::clamp<std::int32_t>(RoundToInt(leads[i]), Limits::min(), Limits::max()));
+    return counts;
 }
 
 }  // namespace ecg
