@@ -219,7 +219,7 @@ TEST_F(WorkstationTest, AStandardExaminationRecordsBothLeadSystemsOfANewPatient)
         GTEST_SKIP() << header << " is not there";
     const auto source = LoadFrameSource(header);
     ASSERT_TRUE(source) << source.Reason();
-    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header});
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header, .Speed = 8});
     Workstation workstation(Folder.Paths().Program);
     ASSERT_TRUE(Start(workstation));
     int ends = 0;
