@@ -4,7 +4,8 @@
 //                                  └─► ComputeHrvStats ─► SDNN, index, RMSD, SDSD, the pNN counts
 //
 // All of it stands in rows of `EcgBlock`, in place of the samples of the view, as 16-bit whole numbers. Nothing but the
-// columns named below is written: what else stands in these rows is left from before, and takes part where it is told.
+// columns named below is written. What stands behind the intervals from before takes part in the last differences, and
+// intervals above two seconds are counted in columns that are never cleared.
 #pragma once
 
 #include "analysis/AboutFile.h"

@@ -57,7 +57,8 @@ struct SpectrumResult {
 };
 
 // Reads the samples on view, computes their spectra and, in the double-lead layout, sets the marks. `heartRate` is 0 when
-// unknown. False, and `result` as it was, when the 8 seconds from `BlockStart` on hold no two beats more than 4 seconds apart.
+// unknown. False, and `result` as it was, when the 8 seconds from `BlockStart` on hold no beat that is more than 4 seconds
+// behind the first.
 bool AnalyseSpectrum(AboutFile& file, SpectrumLayout layout, int heartRate, SpectrumResult& result);
 
 // The steps of it.
