@@ -3,6 +3,7 @@
 #include "analysis/AboutResult.h"
 #include "analysis/Diagnose.h"
 #include "record/Json.h"
+#include "record/StatisticsJson.h"
 
 #include <algorithm>
 
@@ -89,14 +90,21 @@ public:
         file_.ReadSamples(SampleTarget::View, start, viewSlots);
     }
 
-    // The beat at `centerSlot` in the view, on its own: nothing of a beat before takes part. 0 measures nothing.
+    // The beat at `centerSlot` in the view, on its own: nothing of a beat before takes part. 0 measures nothing. The view is
+    // used up.
     std::string MeasuredBeat(std::int32_t centerSlot)
     {
         file_.CenterSlot = centerSlot;
         BeatResult result;
         if (centerSlot != 0)
             Delineate(file_, system_, result);
-        return BeatJson(result);
+        JsonObject json = BeatJson(result);
+        if (system_ == LeadSystem::Wilson) {
+            json.Add("QtStats", QtStatsJson(result));
+            json.Add("Hrv", HrvJson(file_));
+            json.Add("Spectrum", SpectrumJson(file_, result.Params.HeartRate));
+        }
+        return json.Text();
     }
 
     std::vector<std::int32_t> AllFlags() const
@@ -110,7 +118,7 @@ public:
     }
 
 private:
-    std::string BeatJson(const BeatResult& result) const
+    JsonObject BeatJson(const BeatResult& result) const
     {
         JsonObject json;
         json.Add("SlotCount", Json(file_.SlotCount));
@@ -122,7 +130,7 @@ private:
         json.Add("UnifiedLines", JsonNumbers(result.Unified));
         json.Add("MeasuredParams", ParamsJson(result.Params));
         json.Add("Diagnosis", DiagnosisJson(result.Params, state_.CurrentHeader.Sex));
-        return json.Text();
+        return json;
     }
 
     SharedState state_;
