@@ -238,8 +238,10 @@ TEST_F(WorkstationTest, AStandardExaminationRecordsBothLeadSystemsOfANewPatient)
     EXPECT_EQ(workstation.State().ExamState, ExamState::Waiting);
 
     const auto folder = Folder.File("000000012");
-    const auto names = ListFolder(folder, EntryKind::File);
+    auto names = ListFolder(folder, EntryKind::File);
     ASSERT_EQ(names.size(), 2U);
+    if (names[0].ends_with(".F"))
+        std::swap(names[0], names[1]);  // both began in one second: this box is faster than a heart
     const std::string wilson = FileBytes(folder / names[0]);
     const std::string frank = FileBytes(folder / names[1]);
     ASSERT_EQ(wilson.size(), 4784U + 2000 * 16);
