@@ -226,13 +226,16 @@ TEST_F(WorkstationTest, AStandardExaminationRecordsBothLeadSystemsOfANewPatient)
     QTimer doctor;
     QObject::connect(&doctor, &QTimer::timeout, &doctor, [&ends] { AnswerExamination(ends); });
     doctor.start(50);
+    constexpr int lookMs = 500;  // a look at the trace before the key
     const auto reaches = [&](ExamState state) {
         return QTest::qWaitFor([&] { return workstation.State().ExamState == state; }, 20000);
     };
     PressKey(workstation, "KeyPic_16");
     ASSERT_TRUE(reaches(ExamState::Ready));
+    QTest::qWait(lookMs);
     PressKey(workstation, "KeyPic_16");
     ASSERT_TRUE(reaches(ExamState::Ready)) << "for the second half";
+    QTest::qWait(lookMs);
     PressKey(workstation, "KeyPic_16");
     ASSERT_TRUE(QTest::qWaitFor([&ends] { return ends == 2; }, 20000));
     EXPECT_EQ(workstation.State().ExamState, ExamState::Waiting);
