@@ -6,7 +6,7 @@
 //        ... │  |||||||||||||||||||||            │ ── 最小 62
 //   248   30 └──────────────────────────────────┘
 //            0      50      100     ...        500  心搏
-//     `Picture2`, 560 by 272 ───────────────────────┴ `Picture3`, 80 by 272
+//     `Picture2`, 552 by 272 ───────────────────────┴ `Picture3`, 112 by 272
 //
 // The box is 500 columns wide and begins where the first column of the curve is, at `FirstColumn`.
 #pragma once
@@ -16,10 +16,10 @@
 
 namespace ecg {
 
-inline constexpr int FirstColumn = 33;    // x of the first beat in view
-inline constexpr int TrendWidth = 560;    // of `Picture2`
-inline constexpr int CaptionsWidth = 80;  // of `Picture3`
-inline constexpr int TrendHeight = 272;   // of both
+inline constexpr int FirstColumn = 33;     // x of the first beat in view
+inline constexpr int TrendWidth = 552;     // of `Picture2`
+inline constexpr int CaptionsWidth = 112;  // of `Picture3`
+inline constexpr int TrendHeight = 272;    // of both
 inline constexpr Colour TrendGround{20, 26, 19};
 
 // Clears `Picture2` and draws the box, rates up its left side and columns along its lower one.

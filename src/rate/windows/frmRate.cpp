@@ -82,7 +82,8 @@ frmRate::frmRate(SharedState& state, AboutFile& file, MessageBox& messages, cons
 QWidget* frmRate::Chart(const Pictures& pictures)
 {
     auto* chart = new QWidget(this);
-    chart->setFixedSize(TrendWidth + CaptionsWidth, laneHeight + TrendHeight);
+    chart->setMinimumWidth(TrendWidth + CaptionsWidth);
+    chart->setFixedHeight(laneHeight + TrendHeight);
     chart->setStyleSheet(
         QString("background: rgb(%1, %2, %3); color: white;").arg(TrendGround.R).arg(TrendGround.G).arg(TrendGround.B));
     Picture2_ = Named(new SurfaceBox(
@@ -103,7 +104,7 @@ QWidget* frmRate::Chart(const Pictures& pictures)
     Picture3_->setGeometry(TrendWidth, laneHeight, CaptionsWidth, TrendHeight);
     auto* unit = new QLabel("bpm", chart);
     style::SetTextSize(*unit, style::SmallPixels);
-    unit->move(0, 0);
+    unit->move(style::GridStep / 2, 0);
     Image2_ = Named(new PictureBox(pictures, "cursor", chart), "Image2");
     Image2_->resize(arrowSize);
     Image2_->setCursor(Qt::SizeHorCursor);
