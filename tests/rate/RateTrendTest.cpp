@@ -149,12 +149,5 @@ TEST(RateTrend, TellsTheTimesOfBeatsAndTheFirstEventOfTheTableThatIsNear)
     EXPECT_EQ(trend.TimeOf(5300), "");
 }
 
-TEST(RateTrend, AViewBeginsTwoAndAHalfSecondsBeforeItsBeatButNotBeforeTheRecord)
-{
-    EXPECT_EQ(RateTrend::BlockStartFor(9000), 7750);
-    EXPECT_EQ(RateTrend::BlockStartFor(1550), 300);
-    EXPECT_EQ(RateTrend::BlockStartFor(300), 300);
-}
-
 }  // namespace
 }  // namespace ecg

@@ -118,7 +118,6 @@ void frmRate::MakeScrollBar()
     HScroll1_->setRange(0, RateTrend::ScrollRange);
     HScroll1_->setSingleStep(trend_.ScrollStep(scrollBeats));
     HScroll1_->setPageStep(trend_.ScrollStep(RateView::Columns));
-    HScroll1_->setFocusPolicy(Qt::StrongFocus);
     HScroll1_->setAccessibleName(Twin{"显示位置", "Position of the view"}.In(state_.SysInfo));
     connect(HScroll1_, &QScrollBar::valueChanged, this, [this](int value) { Scroll(value); });
 }
@@ -193,6 +192,7 @@ QHBoxLayout* frmRate::ButtonRow()
     row->insertWidget(0, Command2_[0]);
     row->insertWidget(1, Command2_[1]);
     Command1_[1]->setDefault(true);
+    Command1_[1]->setFocus();
     connect(Command1_[0], &QPushButton::clicked, this, [this] { reject(); });
     connect(Command1_[1], &QPushButton::clicked, this, [this] { ToCursor(); });
     return row;
