@@ -3,6 +3,7 @@
 #include "core/Language.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace ecg {

@@ -7,6 +7,8 @@
 #include "support/ScriptedMessageBox.h"
 #include "support/TemporaryDataFolder.h"
 
+#include <cstring>
+#include <functional>
 #include <gmock/gmock.h>
 
 namespace ecg {

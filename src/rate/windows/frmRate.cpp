@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QVBoxLayout>
 
 namespace ecg {
 namespace {
