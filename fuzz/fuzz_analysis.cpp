@@ -1,7 +1,11 @@
 // Any bytes as a record file, under review: whatever a view, a centre and a saved analysis say, the reader stays inside the
 // file, and a beat gives the same bits each time it is measured.
 #include "analysis/AboutResult.h"
+#include "analysis/Diagnose.h"
+#include "analysis/HeartRateVariability.h"
+#include "analysis/QtDispersion.h"
 #include "analysis/SavedAnalysis.h"
+#include "analysis/Spectrum.h"
 #include "fuzz/Require.h"
 #include "support/FileBytes.h"
 #include "support/TemporaryDataFolder.h"
