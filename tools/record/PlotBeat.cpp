@@ -36,8 +36,8 @@ std::string Trace(std::span<const std::int16_t> samples)
     const double scale = (bottom - top) / std::max(highest - lowest, 1);
     std::string points;
     for (std::size_t i = 0; i < samples.size(); ++i)
-        points += Number(XOf(static_cast<std::int32_t>(i), 0)) + "," +
-                  Number(bottom - (samples[i] - lowest) * scale) + " ";
+        points +=
+            Number(XOf(static_cast<std::int32_t>(i), 0)) + "," + Number(bottom - (samples[i] - lowest) * scale) + " ";
     return "<polyline points=\"" + points + "\" fill=\"none\" stroke=\"black\"/>\n";
 }
 
@@ -48,8 +48,8 @@ std::string Lines(const LeadLines& lines, std::int32_t first)
         if (lines[line] < first || lines[line] >= first + before + behind)
             continue;
         const std::string x = Number(XOf(lines[line], first));
-        svg += "<path d=\"M" + x + " " + Number(top) + "V" + Number(panelHeight) + "\" stroke=\"" +
-               lineColours[line] + "\"/>\n";
+        svg += "<path d=\"M" + x + " " + Number(top) + "V" + Number(panelHeight) + "\" stroke=\"" + lineColours[line] +
+               "\"/>\n";
     }
     return svg;
 }
@@ -61,10 +61,10 @@ std::string Panel(OpenedRecord& record, const BeatResult& beat, std::size_t lead
     const auto samples = record.File().EcgBlock.Row(lead).subspan(column, before + behind);
     const int place = static_cast<int>(lead);
     return "<g transform=\"translate(" + Number(place % leadsInARow * panelWidth) + " " +
-           Number(place / leadsInARow * panelHeight) + ")\">\n<rect width=\"" + Number(panelWidth) +
-           "\" height=\"" + Number(panelHeight) + "\" fill=\"white\" stroke=\"#cccccc\"/>\n" +
-           Lines(beat.Locate[lead], first) + Trace(samples) + "<text x=\"5\" y=\"13\">" +
-           (frank ? labels::VectorLeads[lead] : labels::Leads[lead]) + "</text>\n</g>\n";
+           Number(place / leadsInARow * panelHeight) + ")\">\n<rect width=\"" + Number(panelWidth) + "\" height=\"" +
+           Number(panelHeight) + "\" fill=\"white\" stroke=\"#cccccc\"/>\n" + Lines(beat.Locate[lead], first) +
+           Trace(samples) + "<text x=\"5\" y=\"13\">" + (frank ? labels::VectorLeads[lead] : labels::Leads[lead]) +
+           "</text>\n</g>\n";
 }
 
 }  // namespace
