@@ -9,6 +9,7 @@
 namespace ecg {
 namespace {
 
+constexpr double ruleDot = 1.5;      // mm, diameter of its ends
 constexpr double ruleTextSpace = 2;  // mm between the end of the rule and its readings
 
 // Readings stand to the right of the rule's end, or to its left where they would leave the page.
@@ -61,8 +62,10 @@ void DrawRule(Surface& page, const RecordReview& review, const PageLook& look)
     const ElectricRule& rule = review.View.Rule;
     if (!rule.Drawn)
         return;
-    page.SetPenWidth(look.TracePen);
+    page.SetPenWidth(2 * look.TracePen);
     page.Line(rule.Press, rule.Current, look.Locate);
+    for (const Point end : {rule.Press, rule.Current})
+        page.Dot(end, ruleDot, look.Locate);
     const auto texts = RuleTexts(rule, review.Scale(), review.State().Chinese());
     const TextStyle style{look.TextHeight, look.Ink, true};
     double width = 0;

@@ -12,6 +12,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
@@ -86,6 +87,7 @@ bool frmxECG::Open()
     case RecordReview::Opening::Opened:
         break;
     }
+    layout()->activate();  // the scroll bars depend on the size
     ShowView();
     HScroll1_->setFocus();
     return true;

@@ -154,14 +154,8 @@ void frmxECG::MakeModeKeys(QVBoxLayout& column)
         Command1_[i]->setCheckable(true);
         column.addWidget(Command1_[i]);
     }
-    const auto popUp = [this](std::size_t key, QMenu* menu) {
-        connect(Command1_[key], &QPushButton::clicked, this, [this, key, menu] {
-            CheckMenus();
-            menu->popup(Command1_[key]->mapToGlobal(::QPoint(0, Command1_[key]->height())));
-        });
-    };
-    popUp(0, ECG_Menu_);
-    popUp(1, FECG_Menu_);
+    Command1_[0]->setMenu(ECG_Menu_);
+    Command1_[1]->setMenu(FECG_Menu_);
     for (const ReviewMode mode : {ReviewMode::QtDispersion, ReviewMode::Variability, ReviewMode::Pacing})
         connect(Command1_[static_cast<std::size_t>(mode)], &QPushButton::clicked, this,
                 [this, mode] { SetMode(mode); });
@@ -174,9 +168,8 @@ void frmxECG::MakeScaleKeys(QVBoxLayout& column)
     LeadKey_ = MakeTool("LeadKey", -1, "");
     const auto add = [this, &column](QPushButton* key, QMenu* menu, const Twin& tip) {
         key->setToolTip(tip.In(state_.SysInfo));
+        key->setMenu(menu);
         column.addWidget(key);
-        connect(key, &QPushButton::clicked, this,
-                [key, menu] { menu->popup(key->mapToGlobal(::QPoint(0, key->height()))); });
     };
     add(SpdKey_, SpdMenu_, {"走纸速度", "Paper Speed"});
     add(AmpKey_, AmpMenu_, {"增益", "Gain"});
@@ -185,15 +178,16 @@ void frmxECG::MakeScaleKeys(QVBoxLayout& column)
 
 void frmxECG::MakeCommands(QVBoxLayout& column)
 {
-    const std::array<std::function<void()>, 5> actions{
-        [this] { DispMenu_->popup(Command2_[0]->mapToGlobal(::QPoint(0, Command2_[0]->height()))); },
-        [this] { OpenWindow(WindowName::frmResultBox, state_.HelpContext); }, [this] { OnPrint(); },
-        [this] { OpenEvents(); }, [this] { OpenTrend(); }};
     for (std::size_t i = 0; i < Command2_.size(); ++i) {
         Command2_[i] = MakeTool("Command2", static_cast<int>(i), commands[i].In(state_.SysInfo));
-        connect(Command2_[i], &QPushButton::clicked, this, actions[i]);
         column.addWidget(Command2_[i]);
     }
+    Command2_[0]->setMenu(DispMenu_);
+    connect(Command2_[1], &QPushButton::clicked, this,
+            [this] { OpenWindow(WindowName::frmResultBox, state_.HelpContext); });
+    connect(Command2_[2], &QPushButton::clicked, this, [this] { OnPrint(); });
+    connect(Command2_[3], &QPushButton::clicked, this, [this] { OpenEvents(); });
+    connect(Command2_[4], &QPushButton::clicked, this, [this] { OpenTrend(); });
     Command3_ = MakeTool("Command3", -1, post.In(state_.SysInfo));
     Command4_ = MakeTool("Command4", -1, exportText.In(state_.SysInfo));
     connect(Command3_, &QPushButton::clicked, this, [this] { OnPost(); });
