@@ -49,6 +49,9 @@ struct SharedState {
     int PatWindowMode = 0;
     int EventMode = 0;
 
+    int EcgForm = 0;     // layout of the last review, for the next one
+    int ReviewMode = 0;  // of the review from which a window is opened: 0 ECG, 1 spectrum, 2 QT, 3 HRV, 4 pacing
+
     CommRecord MailBox;
 
     // Arguments and results of `frmMsg`, UTF-8.

@@ -17,7 +17,9 @@ enum class WindowName {
     frmFindPat,
     frmChangeClass,
     frmxECG,
-    frmxVCG
+    frmxVCG,
+    frmRate,
+    frmResultBox
 };
 
 class WindowOpener {

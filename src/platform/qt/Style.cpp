@@ -18,6 +18,10 @@ QPushButton:hover { background: #e4e9cf; }
 QPushButton:focus { border: 2px solid #185c60; padding: 4px 15px; }
 QPushButton:pressed { background: #9ea876; border: 2px solid #262e1c; padding: 5px 14px 3px 16px; }
 QPushButton:disabled { background: #bec798; color: #545c3e; border: 1px dashed #7d8660; }
+QPushButton:checked { background: #f6f8ee; border: 2px solid #262e1c; padding: 4px 15px; font-weight: bold; }
+QPushButton[compact="true"] { padding: 3px 6px; min-height: 18px; }
+QPushButton[compact="true"]:focus, QPushButton[compact="true"]:checked { padding: 2px 5px; }
+QPushButton[compact="true"]:pressed { padding: 3px 4px 1px 6px; }
 QLineEdit, QPlainTextEdit, QTextEdit, QListView {
     background: #f6f8ee; color: #262e1c; border: 1px solid #7d8660; border-radius: 3px; padding: 3px 5px;
     selection-background-color: #185c60; selection-color: white;

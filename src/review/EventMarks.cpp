@@ -1,0 +1,89 @@
+#include "review/EventMarks.h"
+
+#include "core/EventClock.h"
+#include "core/Language.h"
+#include "core/formats/RecordSample.h"
+#include "review/TraceDrawing.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace ecg {
+namespace {
+
+constexpr const char* arrowPicture = "event-arrow";
+constexpr double arrowSize = 4;  // mm
+constexpr double wordSpace = 1;  // mm between arrow and words
+
+constexpr Twin eventIs{"事件：", "Event: "};
+constexpr Twin timeIs{"时间：", "Time: "};
+
+// The places that are taken, and where the next mark may stand.
+class Places {
+public:
+    // The upper edge of the highest free place of this size, looking down from `area.Y`.
+    double Take(Rect area)
+    {
+        const auto overlaps = [&area](const Rect& other) {
+            return area.X < other.X + other.Width && other.X < area.X + area.Width && area.Y < other.Y + other.Height &&
+                   other.Y < area.Y + area.Height;
+        };
+        for (auto other = std::ranges::find_if(taken_, overlaps); other != taken_.end();
+             other = std::ranges::find_if(taken_, overlaps))
+            area.Y = other->Y + other->Height;
+        taken_.push_back(area);
+        return area.Y;
+    }
+
+private:
+    std::vector<Rect> taken_;
+};
+
+void DrawMark(Surface& page, const Band& band, double x, const std::string& words, Places& places, const PageLook& look)
+{
+    const TextStyle style{look.TextHeight, look.Event, true};
+    const double reach = arrowSize / 2 + wordSpace + page.TextWidth(words, style);
+    const bool leftwards = x + reach > band.Left + band.Width && x - reach >= band.Left;
+    const double left = leftwards ? x - reach : x - arrowSize / 2;
+    const double y = places.Take({left, band.Top - look.EventRise, reach + arrowSize / 2, look.TextHeight});
+    const double arrowDrop = (look.TextHeight - arrowSize) / 2;
+    page.Picture(arrowPicture, {x - arrowSize / 2, y + arrowDrop, arrowSize, arrowSize});
+    page.Text({leftwards ? left : x + arrowSize / 2 + wordSpace, y}, words, style);
+}
+
+}  // namespace
+
+std::string ExamTimeText(const RecordHeader& header)
+{
+    std::string text = LaidOutTime(header.ExamTime.Text());
+    std::ranges::replace(text, '-', '/');
+    return text;
+}
+
+std::string TimeOfSlot(const RecordHeader& header, std::int32_t slot)
+{
+    if (slot <= FirstSampleSlot)
+        return ExamTimeText(header);
+    return EventClock(LaidOutTime(header.ExamTime.Text()), slot - static_cast<std::int32_t>(FirstSampleSlot));
+}
+
+void DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header, std::int32_t blockStart,
+                    double speed, bool chinese, const PageLook& look)
+{
+    Places places;
+    for (std::size_t i = 0; i < header.EventPos.size(); ++i) {
+        const std::int32_t slot = header.EventPos[i];
+        for (const Band& band : layout.Bands) {
+            const auto x = PlaceOfSlot(band, slot, blockStart, speed);
+            if (slot < blockStart || !x || band.Comparison)
+                continue;
+            DrawMark(page, band, *x,
+                     eventIs.In(chinese) + header.EventText[i].Text() + "  " + timeIs.In(chinese) +
+                         TimeOfSlot(header, slot),
+                     places, look);
+            break;
+        }
+    }
+}
+
+}  // namespace ecg

@@ -1,0 +1,23 @@
+// The events of a record that lie in the view: an arrow at the moment, with text and time.
+#pragma once
+
+#include "core/formats/RecordHeader.h"
+#include "review/PageLook.h"
+#include "review/StripLayout.h"
+
+#include <string>
+
+namespace ecg {
+
+// The time of a slot of the record: "yyyy/mm/dd hh:mm:ss". "" when the header holds no time.
+std::string TimeOfSlot(const RecordHeader& header, std::int32_t slot);
+
+// The start of the examination in the same form.
+std::string ExamTimeText(const RecordHeader& header);
+
+// Draws the marks at the top of the first band in which each event lies. A mark that would stand on another's words stands
+// below them.
+void DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header, std::int32_t blockStart,
+                    double speed, bool chinese, const PageLook& look);
+
+}  // namespace ecg

@@ -1,0 +1,94 @@
+// The review of a stored Wilson record: what is in view, the selected beat, its measurement, corrections by hand.
+//
+//   Open ─► (a saved analysis is taken up, or beat 1 is selected) ─► view changes, beats, flags ─► Save
+//
+// One object for the whole process: its samples and its result are what the windows opened from a review work on. The
+// record is `RecordPath` of the shared state, its header `CurrentHeader`, the first slot in view `BlockStart`.
+//
+// The record may vanish or lose its end while it is shown. Every change of the view looks; one that cannot be read is not
+// made, and what is in memory stays, so that a flat line is never shown in place of a lost signal.
+#pragma once
+
+#include "analysis/AboutFile.h"
+#include "analysis/BeatResult.h"
+#include "review/ReviewState.h"
+#include "review/StripLayout.h"
+
+#include <cstdint>
+
+namespace ecg {
+
+class RecordReview {
+public:
+    explicit RecordReview(SharedState& state, FileOpener open = OpenFile) : File(state, std::move(open)), state_(state)
+    {}
+
+    enum class Opening {
+        Opened,
+        Empty,      // no samples
+        Unreadable  // there is no such file
+    };
+
+    // Begins the review of the record: header, view state, and the beat of the saved analysis or the second one in view.
+    Opening Open();
+
+    // What changes the view and needs samples. False: the record could not be read, and nothing has changed.
+    bool SetMode(ReviewMode mode);
+    bool SetForm(EcgForm form);
+    bool SetGain(std::size_t index);
+    bool SetSpeed(std::size_t index);
+    bool MoveTo(std::int32_t start);  // brought into the record
+    bool ScrollTo(int value) { return MoveTo(StartOfScroll(value, File.SlotCount, SamplesInView())); }
+
+    // The place of the scroll bar, -1: leave it.
+    int ScrollValue() const { return ScrollOfStart(state_.BlockStart, File.SlotCount); }
+
+    // Selects a long lead. False when the form shows both and the other one is the same: nothing has changed.
+    bool ChooseLongLead(std::size_t which, std::size_t lead);
+
+    // Brings two equal long leads back to II and V5, for the form that needs two different ones. True when they were equal.
+    bool SeparateLongLeads();
+
+    // Takes up `ComparePath` for the contrast form. False when it is no record with samples.
+    bool OpenComparison();
+
+    // Centres the analysis on flag `beat` of the view and measures it. A place without a flag changes nothing. False: the
+    // record could not be read.
+    bool SelectBeat(std::size_t beat);
+
+    // Sets a flag at a slot, or takes one from the view, in the record itself. The selected place stays the same number, and
+    // so may name another beat afterwards; it is measured anew. False: the record could not be changed. A slot outside the
+    // record changes nothing.
+    bool AddFlag(std::int32_t slot);
+    bool DeleteFlag(std::size_t beat);
+
+    // Keeps start of view, beat, rate and lines in the record's header. False: the record could not be changed.
+    bool Save();
+
+    ViewScale Scale() const { return ScaleOf(state_.CurrentHeader); }
+    std::int32_t SamplesInView() const { return ecg::SamplesInView(ViewWidth(View), Scale().Speed); }
+
+    // How many of them the record has, from the first slot in view on.
+    std::size_t SamplesPresent() const;
+
+    // The strips of the view. `longestLine` mm: see `LayOutStrips`.
+    StripLayout Layout(double longestLine) const;
+    ViewSamples Samples() const { return {File.EcgBlock, SamplesPresent()}; }
+    ViewSamples Comparison() const;
+
+    const SharedState& State() const { return state_; }
+
+    AboutFile File;
+    BeatResult Result;
+    ReviewState View;  // what needs no samples is changed here at once
+
+private:
+    bool ReadView();
+    void TakeUpSavedAnalysis();
+    void MeasureSelected();
+    bool AfterFlagChange();
+
+    SharedState& state_;
+};
+
+}  // namespace ecg

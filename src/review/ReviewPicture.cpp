@@ -1,0 +1,81 @@
+#include "review/ReviewPicture.h"
+
+#include "review/EventMarks.h"
+#include "review/PageTexts.h"
+#include "review/TraceDrawing.h"
+
+#include <algorithm>
+
+namespace ecg {
+namespace {
+
+constexpr double ruleDot = 1.5;      // mm, diameter of its ends
+constexpr double ruleTextSpace = 2;  // mm between the end of the rule and its readings
+
+// Readings stand to the right of the rule's end, or to its left where they would leave the page.
+Point ReadingsPlace(const Surface& page, Point end, double width, double height)
+{
+    const double right = ScreenCorner.X + page.Width();
+    const double bottom = ScreenCorner.Y + page.Height();
+    const bool fits = end.X + ruleTextSpace + width < right;
+    return {fits ? end.X + ruleTextSpace : end.X - ruleTextSpace - width,
+            std::clamp(end.Y, ScreenCorner.Y, std::max(bottom - height, ScreenCorner.Y))};
+}
+
+}  // namespace
+
+double TraceWidth(const RecordReview& review, double longestLine)
+{
+    return std::max(TraceAreaWidth, std::min(ViewWidth(review.View), longestLine));
+}
+
+void DrawTraceGrid(Surface& page, double width, const PageLook& look)
+{
+    const Rect area{0, 0, width, TraceAreaHeight};
+    page.SetPenWidth(look.GridPen);
+    DrawMmGrid(page, area, 1, look.Grid);
+    const std::array<Point, 5> edge{{{0, 0}, {width, 0}, {width, area.Height}, {0, area.Height}, {0, 0}}};
+    page.Polyline(edge, look.Frame);
+}
+
+void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+{
+    const StripLayout layout = review.Layout(longestLine);
+    const ViewScale scale = review.Scale();
+    const SharedState& state = review.State();
+    if (review.View.Mode == ReviewMode::Ecg)
+        DrawLocateLines(page, layout, review.Result.Unified, state.BlockStart, scale.Speed, look);
+    for (const Strip& strip : layout.Strips) {
+        const Band& band = layout.Bands[strip.Band];
+        const ViewSamples samples = band.Comparison ? review.Comparison() : review.Samples();
+        DrawStrip(page, band, strip, samples.Of(strip.Lead), scale, review.View.CalibrationMark, look);
+    }
+    DrawEventMarks(page, layout, state.CurrentHeader, state.BlockStart, scale.Speed, state.Chinese(), look);
+    page.Text({0, BottomLineTop},
+              BottomLine(state.CurrentHeader, review.File.SlotCount, state.Chinese()) +
+                  ExamTimeText(state.CurrentHeader),
+              {look.TextHeight, look.Ink});
+}
+
+void DrawRule(Surface& page, const RecordReview& review, const PageLook& look)
+{
+    const ElectricRule& rule = review.View.Rule;
+    if (!rule.Drawn)
+        return;
+    page.SetPenWidth(2 * look.TracePen);
+    page.Line(rule.Press, rule.Current, look.Locate);
+    for (const Point end : {rule.Press, rule.Current})
+        page.Dot(end, ruleDot, look.Locate);
+    const auto texts = RuleTexts(rule, review.Scale(), review.State().Chinese());
+    const TextStyle style{look.TextHeight, look.Ink, true};
+    double width = 0;
+    for (const std::string& text : texts)
+        width = std::max(width, page.TextWidth(text, style));
+    const double height = look.TextHeight * static_cast<double>(texts.size());
+    const Point at = ReadingsPlace(page, rule.Current, width, height);
+    page.Fill({at.X - 1, at.Y, width + 2, height}, look.Paper);
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        page.Text({at.X, at.Y + look.TextHeight * static_cast<double>(i)}, texts[i], style);
+}
+
+}  // namespace ecg
