@@ -28,7 +28,8 @@ RecordHeader EditEvents(const RecordHeader& header)
     }
     if (const auto row = editor.FreeRow())
         editor.SetText(*row, "event");
-    const RecordHeader stored = editor.Stored(onView);
+    RecordHeader stored = header;
+    editor.StoreInto(stored, onView);
     for (std::size_t slot = 0; slot < EventSlotCount; ++slot)
         Require((stored.EventPos[slot] >= 1) == !stored.EventText[slot].Text().empty(), "an event has place and text");
     return stored;

@@ -1,6 +1,7 @@
 #include "acquisition/FrameDecoder.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ecg {
 namespace {
@@ -34,6 +35,7 @@ void FrameDecoder::Restart(std::uint8_t streamKey)
     streamKey_ = streamKey;
     framePos_ = 0;
     frameIsStatus_ = false;
+    frameDropped_ = false;
     curFrame_ = {};
     leadOff_.fill(electrodeUnknown);
     lastLeadOff_ = {};
@@ -65,6 +67,8 @@ void FrameDecoder::StartFrame(std::uint8_t byte)
     framePos_ = 0;
     frameIsStatus_ = (byte & flagBit) != 0;
     FindReconnect();
+    if (std::exchange(frameDropped_, false))
+        return;
     if (leadSystem_ == LeadSystem::Wilson)
         BlankMissingWilsonLeads();
     else

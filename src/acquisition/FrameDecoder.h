@@ -44,6 +44,9 @@ public:
     // Begins a stream of its own: nothing is known of the electrodes and filters. Key 0 leaves the bytes as they are.
     void Restart(std::uint8_t streamKey);
 
+    // The stream was cut off: what has begun of a frame is not delivered with the first start byte that follows.
+    void DropFrame() { frameDropped_ = true; }
+
     // Decides which channels a missing electrode blanks.
     void SetLeadSystem(LeadSystem system) { leadSystem_ = system; }
 
@@ -65,6 +68,7 @@ private:
     LeadSystem leadSystem_ = LeadSystem::Wilson;
     int framePos_ = 0;
     bool frameIsStatus_ = false;
+    bool frameDropped_ = false;
     Frame curFrame_{};
 
     // 64 off, 0 on. Until the first lead-off frame every electrode counts as off, so that nothing is shown as signal

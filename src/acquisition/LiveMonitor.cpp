@@ -134,10 +134,11 @@ void LiveMonitor::StartFeed()
     lastBytesMs_ = clock_.Milliseconds();
 }
 
-// What the box is told is the caller's.
+// What the box is told is the caller's. The rest of the frame that has begun is lost with the bytes that come from now on.
 void LiveMonitor::HaltFeed()
 {
     streaming_ = false;
+    decoder_.DropFrame();
     demo_.Stop();
     view_.EnableTimer(MainTimer::Demo, false);
 }

@@ -1,9 +1,9 @@
 // Samples of twelve leads in memory: a row for each lead, a column for each slot, whole counts around 0.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <vector>
 
@@ -31,7 +31,7 @@ public:
         return std::span(samples_).subspan(lead * columns_, columns_);
     }
 
-    void Clear() { std::ranges::fill(samples_, std::int16_t{0}); }
+    void Clear() { std::memset(samples_.data(), 0, samples_.size() * sizeof(std::int16_t)); }
 
 private:
     std::size_t columns_;

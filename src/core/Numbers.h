@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,16 @@ inline double RoundHalfEven(double value)
 inline std::int32_t RoundToInt(double value)
 {
     return static_cast<std::int32_t>(std::nearbyint(value));
+}
+
+// The same in 16 bits; nothing when it does not fit.
+inline std::optional<std::int16_t> RoundToInt16(double value)
+{
+    using Limits = std::numeric_limits<std::int16_t>;
+    const double whole = std::nearbyint(value);
+    if (!(whole >= Limits::min() && whole <= Limits::max()))
+        return std::nullopt;
+    return static_cast<std::int16_t>(whole);
 }
 
 // Decimal text with `decimals` digits behind the point (0 to 9), ties away from zero: FormatDecimal(0.25, 1) is

@@ -66,6 +66,19 @@ TEST(FrameDecoder, DeliversTheSameFramesForEveryChunkSizeAndKeyFromTheFirstStart
             << cut << " bytes missing";
 }
 
+TEST(FrameDecoder, AFrameThatWasDroppedIsNotTheFirstOfTheNextStream)
+{
+    const auto frames = SineFrames(4);
+    Receiver receiver(LeadSystem::Wilson);
+    receiver.Take(frames[0]);
+    const Bytes cutOff = EncodeFrame(frames[1]);
+    receiver.Decoder.Receive(std::span(cutOff).first(7));
+    receiver.Frames.clear();
+    receiver.Decoder.DropFrame();
+    receiver.Decoder.Receive(EncodeFrames(std::span(frames).last(2)));
+    EXPECT_EQ(receiver.Frames, std::vector(frames.begin() + 2, frames.end()));
+}
+
 TEST(FrameDecoder, AMissingElectrodeBlanksItsChannelsAndNoOthers)
 {
     const Frame sent{1, 4095, 700, 0, 2047, 2049, 3000, 64};

@@ -186,7 +186,7 @@ TEST_F(WorkstationTest, AQuickExaminationRecordsWhatTheBoxSendsToTheBit)
         GTEST_SKIP() << header << " is not there";
     const auto source = LoadFrameSource(header);
     ASSERT_TRUE(source) << source.Reason();
-    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header});
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header, .Speed = 8});
     Workstation workstation(Folder.Paths().Program);
     ASSERT_TRUE(Start(workstation));
     ASSERT_TRUE(QTest::qWaitFor([&] { return ShownRate(workstation) > 0; }, 15000)) << "the signal has settled";
@@ -219,27 +219,32 @@ TEST_F(WorkstationTest, AStandardExaminationRecordsBothLeadSystemsOfANewPatient)
         GTEST_SKIP() << header << " is not there";
     const auto source = LoadFrameSource(header);
     ASSERT_TRUE(source) << source.Reason();
-    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header});
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header, .Speed = 8});
     Workstation workstation(Folder.Paths().Program);
     ASSERT_TRUE(Start(workstation));
     int ends = 0;
     QTimer doctor;
     QObject::connect(&doctor, &QTimer::timeout, &doctor, [&ends] { AnswerExamination(ends); });
     doctor.start(50);
+    constexpr int lookMs = 500;  // a look at the trace before the key
     const auto reaches = [&](ExamState state) {
         return QTest::qWaitFor([&] { return workstation.State().ExamState == state; }, 20000);
     };
     PressKey(workstation, "KeyPic_16");
     ASSERT_TRUE(reaches(ExamState::Ready));
+    QTest::qWait(lookMs);
     PressKey(workstation, "KeyPic_16");
     ASSERT_TRUE(reaches(ExamState::Ready)) << "for the second half";
+    QTest::qWait(lookMs);
     PressKey(workstation, "KeyPic_16");
     ASSERT_TRUE(QTest::qWaitFor([&ends] { return ends == 2; }, 20000));
     EXPECT_EQ(workstation.State().ExamState, ExamState::Waiting);
 
     const auto folder = Folder.File("000000012");
-    const auto names = ListFolder(folder, EntryKind::File);
+    auto names = ListFolder(folder, EntryKind::File);
     ASSERT_EQ(names.size(), 2U);
+    if (names[0].ends_with(".F"))
+        std::swap(names[0], names[1]);  // both began in one second: this box is faster than a heart
     const std::string wilson = FileBytes(folder / names[0]);
     const std::string frank = FileBytes(folder / names[1]);
     ASSERT_EQ(wilson.size(), 4784U + 2000 * 16);

@@ -66,6 +66,13 @@ TEST_F(RecordProgramTest, MeasuresBeatsAsLinesOfJson)
     has(second, R"("UnifiedLines":[)");
     has(second, R"("MeasuredParams":{"Complex":[")");
     has(second, R"(10000,10000],"QTc":[)");
+    // The beat has next to nothing in the chest leads, and no T in I and aVL.
+    has(second, R"("Diagnosis":{"zh":["胸导联低电压","冠状动脉供血不足"],)");
+    has(second, R"("en":["Chest lead low voltage","Coronary insufficiency"]})");
+    has(second, R"("QtStats":[)");
+    has(second,
+        R"("Hrv":{"Analysis":19,"MaxNN":800,"MinNN":800,"AvagNN":800,"SDNN":0,"HRV":1,"RMSD":0,"SDSD":0,"Beat":24,)");
+    has(second, R"("Spectrum":{"N":240,"Marks":[)");
     EXPECT_EQ(Start(measure + " --beat 1").Output, second);
     has(Start(measure + " --start 5000 --beat 0").Output, R"("BlockStart":5000,"RFlagList":[5200,)");
     has(Start(measure + " --start 10290").Output, R"("RFlagList":[],"CenterSlot":0,"HeartRate":0,)");

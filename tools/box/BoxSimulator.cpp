@@ -15,6 +15,7 @@ using namespace std::chrono_literals;
 
 constexpr auto framePeriod = std::chrono::microseconds(1'000'000 / FramesPerSecond);
 constexpr auto mostCatchUp = 200ms;
+constexpr auto readerCheckPeriod = 1ms;
 constexpr auto openCheckPeriod = 1ms;  // nothing wakes a pseudo-terminal's owner when the far end is opened
 
 std::chrono::steady_clock::duration Seconds(double seconds)
@@ -153,14 +154,35 @@ void BoxSimulator::SendDueFrames()
 {
     if (amplifier_->Stream() == StreamKind::Off) {
         nextFrame_.reset();
+        rest_.clear();
         return;
     }
     const auto now = Clock::now();
-    nextFrame_ = std::max(nextFrame_.value_or(now + framePeriod), now - mostCatchUp);
+    if (!SendRest()) {
+        nextFrame_ = now + readerCheckPeriod;
+        return;
+    }
+    const auto period = framePeriod / options_.Speed;
+    nextFrame_ = std::max(nextFrame_.value_or(now + period), now - mostCatchUp);
     std::vector<std::uint8_t> bytes;
-    for (; *nextFrame_ <= now; *nextFrame_ += framePeriod)
+    for (; *nextFrame_ <= now; *nextFrame_ += period)
         faults_.Pass(amplifier_->NextFrame(), bytes);
-    Send(bytes);
+    if (options_.Speed == 1) {
+        Send(bytes);
+        return;
+    }
+    rest_ = std::move(bytes);
+    SendRest();
+}
+
+// True when nothing is left over.
+bool BoxSimulator::SendRest()
+{
+    if (Clock::now() < silentUntil_)
+        rest_.clear();
+    const std::size_t refused = line_.Write(rest_);
+    rest_.erase(rest_.begin(), rest_.end() - static_cast<std::ptrdiff_t>(refused));
+    return rest_.empty();
 }
 
 void BoxSimulator::Send(std::span<const std::uint8_t> bytes)

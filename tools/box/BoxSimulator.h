@@ -28,6 +28,10 @@ struct BoxOptions {
     std::uint8_t Key = 0x5A;         // scrambles the stream
     std::vector<ScriptStep> Script{};
 
+    // So many times as fast as a real box. Above 1 the box also waits for its reader, as no serial line can: each frame of
+    // the stream arrives, however slow the reader is.
+    int Speed = 1;
+
     // Told each packet received and each command obeyed: seconds since the start and a line of text. Called on the
     // box's thread.
     std::function<void(double, const std::string&)> Report{};
@@ -61,6 +65,7 @@ private:
     void Plug();
     void ServeLine();
     void SendDueFrames();
+    bool SendRest();
     void Send(std::span<const std::uint8_t> bytes);
     void Wait();
     void Report(const std::string& text);
@@ -79,6 +84,7 @@ private:
     Clock::time_point start_;
     Clock::time_point silentUntil_;               // in the past: not silent
     std::optional<Clock::time_point> nextFrame_;  // while it streams
+    std::vector<std::uint8_t> rest_;              // of the stream, while the box waits for its reader
     std::size_t nextStep_ = 0;
     bool quit_ = false;
     std::thread thread_;

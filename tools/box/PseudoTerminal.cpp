@@ -1,5 +1,6 @@
 #include "box/PseudoTerminal.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
@@ -117,13 +118,15 @@ std::size_t PseudoTerminal::Read(std::span<std::uint8_t> bytes)
     return got > 0 ? static_cast<std::size_t>(got) : 0;
 }
 
-void PseudoTerminal::Write(std::span<const std::uint8_t> bytes)
+std::size_t PseudoTerminal::Write(std::span<const std::uint8_t> bytes)
 {
     if (bytes.empty() || !HasReader())
-        return;
-    // A full line takes a part or nothing; a real one would lose the rest just so.
-    if (write(handle_, bytes.data(), bytes.size()) < 0 && errno != EAGAIN)
-        hadReader_ = false;
+        return 0;
+    const ssize_t taken = write(handle_, bytes.data(), bytes.size());
+    if (taken >= 0 || errno == EAGAIN)
+        return bytes.size() - static_cast<std::size_t>(std::max<ssize_t>(taken, 0));
+    hadReader_ = false;
+    return 0;
 }
 
 }  // namespace ecg

@@ -33,8 +33,9 @@ public:
     // Takes waiting bytes without waiting; returns how many.
     std::size_t Read(std::span<std::uint8_t> bytes);
 
-    // Sends without waiting; what the line cannot take, and all while nobody has the far end open, is lost.
-    void Write(std::span<const std::uint8_t> bytes);
+    // Sends without waiting. Returns how many of the last bytes the line had no room for. While nobody has the far end
+    // open, all is lost.
+    std::size_t Write(std::span<const std::uint8_t> bytes);
 
 private:
     int handle_ = -1;

@@ -1,7 +1,9 @@
 #include "record/MeasureRecord.h"
 
 #include "analysis/AboutResult.h"
+#include "analysis/Diagnose.h"
 #include "record/Json.h"
+#include "record/StatisticsJson.h"
 
 #include <algorithm>
 
@@ -52,6 +54,18 @@ std::string ParamsJson(const MeasuredParams& params)
     return json.Text();
 }
 
+// The lines of the diagnosis prompts in both languages.
+std::string DiagnosisJson(const MeasuredParams& params, Byte sex)
+{
+    auto statements = DiagnosticStatements(params, sex);
+    if (statements.empty())
+        statements.push_back(NormalEcg);
+    JsonObject json;
+    json.Add("zh", JsonArray(statements, [](const Twin& statement) { return Json(statement.Chinese); }));
+    json.Add("en", JsonArray(statements, [](const Twin& statement) { return Json(statement.English); }));
+    return json.Text();
+}
+
 // A record under review, without a window.
 class Review {
 public:
@@ -59,6 +73,7 @@ public:
     {
         state_.Folders.Data = record.parent_path();
         state_.RecordPath = record.filename().string();
+        file_.ReadHeader(WhichRecord::Current);
         file_.CountSlots(WhichRecord::Current);
     }
 
@@ -75,14 +90,21 @@ public:
         file_.ReadSamples(SampleTarget::View, start, viewSlots);
     }
 
-    // The beat at `centerSlot` in the view, on its own: nothing of a beat before takes part. 0 measures nothing.
+    // The beat at `centerSlot` in the view, on its own: nothing of a beat before takes part. 0 measures nothing. The view is
+    // used up.
     std::string MeasuredBeat(std::int32_t centerSlot)
     {
         file_.CenterSlot = centerSlot;
         BeatResult result;
         if (centerSlot != 0)
             Delineate(file_, system_, result);
-        return BeatJson(result);
+        JsonObject json = BeatJson(result);
+        if (system_ == LeadSystem::Wilson) {
+            json.Add("QtStats", QtStatsJson(result));
+            json.Add("Hrv", HrvJson(file_));
+            json.Add("Spectrum", SpectrumJson(file_, result.Params.HeartRate));
+        }
+        return json.Text();
     }
 
     std::vector<std::int32_t> AllFlags() const
@@ -96,7 +118,7 @@ public:
     }
 
 private:
-    std::string BeatJson(const BeatResult& result) const
+    JsonObject BeatJson(const BeatResult& result) const
     {
         JsonObject json;
         json.Add("SlotCount", Json(file_.SlotCount));
@@ -107,7 +129,8 @@ private:
         json.Add("LocateTable", JsonArray(result.Locate, [](const LeadLines& lines) { return JsonNumbers(lines); }));
         json.Add("UnifiedLines", JsonNumbers(result.Unified));
         json.Add("MeasuredParams", ParamsJson(result.Params));
-        return json.Text();
+        json.Add("Diagnosis", DiagnosisJson(result.Params, state_.CurrentHeader.Sex));
+        return json;
     }
 
     SharedState state_;

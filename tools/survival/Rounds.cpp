@@ -161,12 +161,14 @@ std::chrono::microseconds Rounds::Delay(const std::string& kind)
     return std::chrono::microseconds(static_cast<std::int64_t>(std::exp(exponent)));
 }
 
-// A step changes the disk a few times, a sampling all the time.
+// A step changes the disk a few times, a start some more for the settings, a sampling all the time.
 int Rounds::Change(const std::string& kind)
 {
     constexpr int mostInStep = 8;
+    constexpr int mostInStart = 14;
     constexpr int mostInSampling = 300;
-    return std::uniform_int_distribution(1, kind == "sampling" ? mostInSampling : mostInStep)(random_);
+    const int most = kind == "sampling" ? mostInSampling : kind == "start" ? mostInStart : mostInStep;
+    return std::uniform_int_distribution(1, most)(random_);
 }
 
 bool Rounds::Take(const Words& line)

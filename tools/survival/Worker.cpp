@@ -64,7 +64,7 @@ Words Choose(const DataState& state, Predicate wanted)
 Worker::Worker(const std::filesystem::path& program, unsigned seed, std::string favourite)
     : tour_(program),
       workstation_(program),
-      database_(workstation_.State()),
+      database_(tour_, workstation_),
       random_(seed),
       favourite_(std::move(favourite))
 {}
@@ -102,6 +102,19 @@ void Worker::Start()
     if (!started)
         Stop("the workstation does not start");
     workstation_.MainWindow().show();
+    CheckGrid();
+}
+
+// What is listed is what is there.
+void Worker::CheckGrid()
+{
+    const DataState state = Disk();
+    std::vector<Words> expected;
+    for (const std::string& number : state.Order)
+        expected.push_back(
+            {number, std::to_string(state.Patients.at(number).Files.size()), std::to_string(expected.size() + 1)});
+    if (database_.ListedPatients() != expected)
+        Stop("the grid does not list what is on the disk");
 }
 
 void Worker::Step(const std::string& kind)
@@ -120,32 +133,56 @@ void Worker::Step(const std::string& kind)
         Examine();
 }
 
+DataState Worker::Disk()
+{
+    return ReadDataState(workstation_.State().Folders.Data);
+}
+
+// From the database, or as the first step of an examination.
 void Worker::Enter()
 {
-    const Words fields{FreeNumber(ReadDataState(workstation_.State().Folders.Data)),
-                       "name" + std::to_string(Random(0, 99999)), std::to_string(Random(0, 99)),
-                       std::to_string(Random(40, 250)), std::to_string(Random(5, 250))};
+    const Words fields{FreeNumber(Disk()), RandomName(), std::to_string(Random(0, 99)), std::to_string(Random(40, 250)),
+                       std::to_string(Random(5, 250))};
     Words step = fields;
     step.insert(step.begin(), "enter");
-    Begin(step);
-    Done(database_.Enter(fields));
+    const auto begin = [&] { Begin(step); };
+    if (Random(0, 1) == 0) {
+        database_.Enter(fields, begin);
+        return Done();
+    }
+    database_.EnterForExamination(fields, begin);
+    Done();
+    if (workstation_.State().ExamState != ExamState::Ready)
+        Stop("the entered patient is not ready to be sampled");
+    if (Random(0, 1) == 0) {
+        tour_.Click(workstation_.MainWindow(), "KeyPic_17");
+        return;
+    }
+    const std::string patient = PatientFolderName(fields[0]);
+    Begin({"sampling", patient});
+    tour_.Click(workstation_.MainWindow(), "KeyPic_16");
+    Sample(patient);
 }
 
 // Quick patients are left out: their fields are not those that the entry window gives back.
 void Worker::Change(const std::string& kind)
 {
-    const DataState state = ReadDataState(workstation_.State().Folders.Data);
+    const DataState state = Disk();
     const std::string patient = AnyOf(Choose(state, [](auto& number, auto&) { return !IsQuick(number); }));
     if (patient.empty())
         return;
-    const std::string text = kind == "change" ? "name" + std::to_string(Random(0, 99999)) : FreeNumber(state);
-    Begin({kind, patient, text});
-    Done(kind == "change" ? database_.Rename(patient, text) : database_.Renumber(patient, text));
+    const std::string text = kind == "change" ? RandomName() : FreeNumber(state);
+    const auto begin = [&] { Begin({kind, patient, text}); };
+    if (kind == "change")
+        database_.Rename(patient, text, begin);
+    else
+        database_.Renumber(patient, text, begin);
+    Done();
 }
 
 void Worker::Merge()
 {
-    const DataState state = ReadDataState(workstation_.State().Folders.Data);
+    const DataState state = Disk();
     const auto hasFiles = [](auto& number, auto& patient) { return IsQuick(number) && !patient.Files.empty(); };
     const std::string from = AnyOf(Choose(state, hasFiles));
     if (from.empty())
@@ -158,13 +195,13 @@ void Worker::Merge()
     }));
     if (to.empty())
         return;
-    Begin({"merge", from, to});
-    Done(database_.Merge(from, to));
+    database_.Merge(from, to, [&] { Begin({"merge", from, to}); });
+    Done();
 }
 
 void Worker::Remove()
 {
-    const DataState state = ReadDataState(workstation_.State().Folders.Data);
+    const DataState state = Disk();
     const auto count = static_cast<std::size_t>(Random(1, 3));
     if (state.Order.size() < count)
         return;
@@ -172,30 +209,37 @@ void Worker::Remove()
     const Words patients(state.Order.begin() + first, state.Order.begin() + first + static_cast<int>(count));
     Words step = patients;
     step.insert(step.begin(), "remove");
-    Begin(step);
-    Done(database_.Remove(patients));
+    database_.Remove(patients, [&] { Begin(step); });
+    Done();
 }
 
 void Worker::RemoveRecord()
 {
-    const DataState state = ReadDataState(workstation_.State().Folders.Data);
+    const DataState state = Disk();
     const std::string patient = AnyOf(Choose(state, [](auto&, auto& kept) { return !kept.Files.empty(); }));
     if (patient.empty())
         return;
     const std::string file = state.Patients.at(patient).Files.begin()->first;
-    Begin({"unrecord", patient, file});
-    Done(database_.RemoveRecord(patient, file));
+    database_.RemoveRecord(patient, file, [&] { Begin({"unrecord", patient, file}); });
+    Done();
 }
 
-// A quick examination: mostly ended early by the key, sometimes begun again, now and then left to its 20 seconds.
 void Worker::Examine()
 {
     Begin({"quick"});
     tour_.Click(workstation_.MainWindow(), "KeyPic_17");
     const SharedState& state = workstation_.State();
     const std::string patient = state.CurrentPatient.No.Text();
-    Done(state.ExamState == ExamState::Sampling, {patient});
+    if (state.ExamState != ExamState::Sampling)
+        Stop("the quick examination does not sample");
+    Done({patient});
     Begin({"sampling", patient});
+    Sample(patient);
+}
+
+// Mostly ended early by the key, sometimes begun again, now and then left to its limit where it has one.
+void Worker::Sample(const std::string& patient)
+{
     tour_.Wait(Random(100, 700));
     if (Random(0, 3) == 0) {
         tour_.Click(workstation_.MainWindow(), "KeyPic_17");
@@ -208,7 +252,7 @@ void Worker::Finish(const std::string& patient)
 {
     constexpr int longestMs = 30000;
     const SharedState& state = workstation_.State();
-    const bool toTheLimit = Random(0, 39) == 0;
+    const bool toTheLimit = state.SysInfo.SystemControlTime == 1 && Random(0, 39) == 0;
     const auto finish = [&] {
         Begin({"finish", patient});
         if (toTheLimit)
@@ -218,8 +262,9 @@ void Worker::Finish(const std::string& patient)
     };
     tour_.InWindow("frmMsg", finish, [&](QWidget& message) {
         const auto file = state.Folders.File(state.RecordPath);
-        const bool whole = state.MsgLines[4].empty() && file.parent_path().filename() == patient;
-        Done(whole, {patient, file.filename().string(), Fingerprint(file)});
+        if (!state.MsgLines[4].empty() || file.parent_path().filename() != patient)
+            Stop("the record is not whole, or not the patient's");
+        Done({patient, file.filename().string(), Fingerprint(file)});
         tour_.Click(message, "Command1_0");
     });
 }
@@ -229,15 +274,17 @@ void Worker::Begin(const Words& step)
     TellAndWait("begin", step);
 }
 
-void Worker::Done(bool done, const Words& result)
+void Worker::Done(const Words& result)
 {
-    if (!done)
-        Stop("the workstation refused the last step");
+    if (tour_.FailureCount() > 0)
+        Stop("a window did not open, or did not list a row");
     Tell("done", result);
 }
 
 void Worker::WatchMessages()
 {
+    if (database_.AwaitsQuestion())
+        return;
     if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
         Stop("a message nobody expected: " + box->text().toStdString());
 }
@@ -245,6 +292,11 @@ void Worker::WatchMessages()
 int Worker::Random(int from, int to)
 {
     return std::uniform_int_distribution(from, to)(random_);
+}
+
+std::string Worker::RandomName()
+{
+    return "name" + std::to_string(Random(0, 99'999));
 }
 
 std::string Worker::FreeNumber(const DataState& state)

@@ -21,6 +21,7 @@ public:
 
 private:
     void Start();
+    void CheckGrid();
     void Step(const std::string& kind);
     void Enter();
     void Change(const std::string& kind);
@@ -28,12 +29,15 @@ private:
     void Remove();
     void RemoveRecord();
     void Examine();
+    void Sample(const std::string& patient);
     void Finish(const std::string& patient);
 
     void Begin(const Words& step);
-    void Done(bool done, const Words& result = {});
+    void Done(const Words& result = {});
     void WatchMessages();
     int Random(int from, int to);
+    DataState Disk();
+    std::string RandomName();
     std::string FreeNumber(const DataState& state);
     std::string AnyOf(const Words& words);
 
