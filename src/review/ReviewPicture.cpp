@@ -38,7 +38,7 @@ void DrawTraceGrid(Surface& page, double width, const PageLook& look)
     page.Polyline(edge, look.Frame);
 }
 
-void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+void DrawStrips(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
     const StripLayout layout = review.Layout(longestLine);
     const ViewScale scale = review.Scale();
@@ -51,6 +51,12 @@ void DrawTraces(Surface& page, const RecordReview& review, double longestLine, c
         DrawStrip(page, band, strip, samples.Of(strip.Lead), scale, review.View.CalibrationMark, look);
     }
     DrawEventMarks(page, layout, state.CurrentHeader, state.BlockStart, scale.Speed, state.Chinese(), look);
+}
+
+void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+{
+    const SharedState& state = review.State();
+    DrawStrips(page, review, longestLine, look);
     page.Text({0, BottomLineTop},
               BottomLine(state.CurrentHeader, review.File.SlotCount, state.Chinese()) +
                   ExamTimeText(state.CurrentHeader),
