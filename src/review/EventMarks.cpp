@@ -55,7 +55,12 @@ void DrawMark(Surface& page, const Band& band, double x, const std::string& word
 
 std::string ExamTimeText(const RecordHeader& header)
 {
-    std::string text = LaidOutTime(header.ExamTime.Text());
+    return WrittenTime(header.ExamTime.Text());
+}
+
+std::string WrittenTime(std::string_view digits)
+{
+    std::string text = LaidOutTime(digits);
     std::ranges::replace(text, '-', '/');
     return text;
 }

@@ -6,6 +6,7 @@
 #include "review/StripLayout.h"
 
 #include <string>
+#include <string_view>
 
 namespace ecg {
 
@@ -14,6 +15,9 @@ std::string TimeOfSlot(const RecordHeader& header, std::int32_t slot);
 
 // The start of the examination in the same form.
 std::string ExamTimeText(const RecordHeader& header);
+
+// Fourteen digits of a time in the same form; any other text as it stands, with slashes for its dashes.
+std::string WrittenTime(std::string_view digits);
 
 // Draws the marks at the top of the first band in which each event lies. A mark that would stand on another's words stands
 // below them.

@@ -49,6 +49,12 @@ std::string SexText(const PatientRecord& patient, bool chinese)
     return patient.Sex < labels::Sexes.size() ? labels::Sexes[patient.Sex].In(chinese) : "";
 }
 
+std::string ExaminingDoctor(const SharedState& state)
+{
+    const std::string recorded = state.CurrentHeader.Doctor.Text();
+    return recorded.empty() ? state.DoctorName : recorded;
+}
+
 std::string BottomLine(const RecordHeader& header, std::int32_t slotCount, bool chinese)
 {
     std::string line = std::string(labels::Gains[ReviewGainIndex(header)]) + "    " +

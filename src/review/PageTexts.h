@@ -14,6 +14,9 @@ std::string AgeText(const PatientRecord& patient, int year, bool chinese);
 // A sex as a word; "" when it is none.
 std::string SexText(const PatientRecord& patient, bool chinese);
 
+// The doctor who made the examination; the one at work when the record does not say.
+std::string ExaminingDoctor(const SharedState& state);
+
 // Gain and speed of the view, the filters that were on, the length of the record in whole seconds.
 std::string BottomLine(const RecordHeader& header, std::int32_t slotCount, bool chinese);
 

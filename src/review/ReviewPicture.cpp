@@ -38,19 +38,30 @@ void DrawTraceGrid(Surface& page, double width, const PageLook& look)
     page.Polyline(edge, look.Frame);
 }
 
-void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+void DrawStrips(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
     const StripLayout layout = review.Layout(longestLine);
     const ViewScale scale = review.Scale();
     const SharedState& state = review.State();
     if (review.View.Mode == ReviewMode::Ecg)
         DrawLocateLines(page, layout, review.Result.Unified, state.BlockStart, scale.Speed, look);
+    page.SetPenWidth(look.GridPen);
+    for (const Band& band : layout.Bands)
+        if (band.Comparison)  // another heart begins here
+            page.Line({band.Left, band.Top}, {band.Left, band.Bottom}, look.Frame);
     for (const Strip& strip : layout.Strips) {
         const Band& band = layout.Bands[strip.Band];
         const ViewSamples samples = band.Comparison ? review.Comparison() : review.Samples();
-        DrawStrip(page, band, strip, samples.Of(strip.Lead), scale, review.View.CalibrationMark, look);
+        const bool calibrationMark = review.View.CalibrationMark && band.First == 0;  // not where a long lead goes on
+        DrawStrip(page, band, strip, samples.Of(strip.Lead), scale, calibrationMark, look);
     }
     DrawEventMarks(page, layout, state.CurrentHeader, state.BlockStart, scale.Speed, state.Chinese(), look);
+}
+
+void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+{
+    const SharedState& state = review.State();
+    DrawStrips(page, review, longestLine, look);
     page.Text({0, BottomLineTop},
               BottomLine(state.CurrentHeader, review.File.SlotCount, state.Chinese()) +
                   ExamTimeText(state.CurrentHeader),

@@ -20,6 +20,9 @@ double TraceWidth(const RecordReview& review, double longestLine);
 void DrawTraceGrid(Surface& page, double width, const PageLook& look);
 
 // Traces with their names, the lines of the measured beat, events. The mode must be one of traces.
+void DrawStrips(Surface& page, const RecordReview& review, double longestLine, const PageLook& look);
+
+// The same over the bottom line.
 void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look);
 
 // The line of the rule with its readings.

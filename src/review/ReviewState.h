@@ -39,6 +39,7 @@ struct ReviewState {
     bool CalibrationMark = false;
     std::array<bool, WilsonLeadCount> Hidden{};  // leads that are off in the view
     ElectricRule Rule;
+    bool ReportPrinted = false;  // the user is asked before the report is printed again
 };
 
 // Gain and speed of a view; what the header keeps of them is an index into these tables.

@@ -16,7 +16,7 @@ constexpr double pulseFall = 5;
 constexpr double pulseEnd = 7;
 
 constexpr double nameIndent = 1;  // mm from the edge of a band
-constexpr double nameDrop = 0.5;  // mm from the zero line down to the name
+constexpr double nameLift = 0.5;  // mm from the zero line up to the line of the name, whose letters begin below it
 
 constexpr double markerHeight = 5;  // mm
 constexpr double markerLift = 7;    // mm from the zero line up to the middle of a marker
@@ -58,7 +58,7 @@ void DrawStrip(Surface& page, const Band& band, const Strip& strip, std::span<co
     page.SetPenWidth(look.TracePen);
     if (points.size() > 1)
         page.Polyline(points, look.Ink);
-    page.Text({band.Left + nameIndent, strip.Top + nameDrop}, labels::Leads[strip.Lead],
+    page.Text({band.Left + nameIndent, strip.Top - nameLift}, labels::Leads[strip.Lead],
               {look.TextHeight, look.Ink, true});
 }
 

@@ -3,6 +3,7 @@
 #include <QPageLayout>
 #include <QPrinterInfo>
 
+#include <algorithm>
 #include <utility>
 
 namespace ecg {
@@ -11,6 +12,16 @@ namespace {
 constexpr double mmPerInch = 25.4;
 constexpr int normalDpi = 300;
 constexpr int fineDpi = 600;
+constexpr double narrowMargin = 5;  // mm
+
+// As much of the paper as the printer reaches, but never up to its very edge: a report needs nearly all of it.
+QMarginsF NarrowMargins(QPageLayout layout)
+{
+    layout.setUnits(QPageLayout::Millimeter);
+    const QMarginsF least = layout.minimumMargins();
+    return {std::max(least.left(), narrowMargin), std::max(least.top(), narrowMargin),
+            std::max(least.right(), narrowMargin), std::max(least.bottom(), narrowMargin)};
+}
 
 }  // namespace
 
@@ -47,6 +58,7 @@ Surface* QtPrinter::StartDocument(std::string_view title, bool portrait, bool fi
     device_->setDocName(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
     device_->setPageSize(QPageSize(QPageSize::A4));
     device_->setPageOrientation(portrait ? QPageLayout::Portrait : QPageLayout::Landscape);
+    device_->setPageMargins(NarrowMargins(device_->pageLayout()), QPageLayout::Millimeter);
     device_->setColorMode(PrintsColour() ? QPrinter::Color : QPrinter::GrayScale);
     painter_ = std::make_unique<QPainter>();
     if (!painter_->begin(device_.get())) {

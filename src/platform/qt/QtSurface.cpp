@@ -26,6 +26,7 @@ QFont TypesetFont(const TextStyle& style)
     font.setPixelSize(typesetPixels);
     font.setBold(style.Bold);
     font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::PreferNoShaping);
     return font;
 }
 

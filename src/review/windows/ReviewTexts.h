@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/Language.h"
+#include "review/ReportTitles.h"
 #include "review/ReviewState.h"
 
 #include <array>
@@ -9,13 +10,6 @@
 namespace ecg::reviewtexts {
 
 inline constexpr Twin WindowTitle{"心电图分析", "ECG Review"};
-
-// Of reports and of the keys that change to them.
-inline constexpr std::array<Twin, ReviewModeCount> ReportTitles{{{"12导同步心电图报告", "ECG Report"},
-                                                                 {"12导频谱心电图报告", "FECG Report"},
-                                                                 {"12导 Q-T离散度报告", "Q-T Analysis"},
-                                                                 {"心率变异性分析报告", "HRV Report"},
-                                                                 {"12导起搏心电图报告", "PECG Report"}}};
 
 inline constexpr std::array<Twin, EcgFormCount> Forms{{{"12*1格式", "12*1 Form"},
                                                        {"6*2格式", "6*2 Form"},
