@@ -82,6 +82,7 @@ void KeyPanel::Exit()
         messages_.Tell(notSaved.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
     examination_.Leave();
     monitor_.Shutdown();
+    windows_.Close(WindowName::frmxECG);
     windows_.Close(WindowName::frmPat);
     view_.CloseWindow();
 }

@@ -12,6 +12,7 @@
 #include "patients/windows/frmPat.h"
 #include "patients/windows/frmPatInput.h"
 #include "platform/qt/BusyCursor.h"
+#include "rate/windows/frmRate.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -25,9 +26,14 @@ constexpr ProgressWords loading{{"正在整理患者数据库，请稍侯...", "
 
 }  // namespace
 
-WindowSet::WindowSet(SharedState& state, AboutPat& patients, MessageBox& messages, Printer& printer,
+WindowSet::WindowSet(SharedState& state, AboutPat& patients, MessageBox& messages, Printer& printer, Clock& clock,
                      const Pictures& pictures)
-    : state_(state), patients_(patients), messages_(messages), printer_(printer), pictures_(pictures)
+    : state_(state),
+      patients_(patients),
+      messages_(messages),
+      printer_(printer),
+      pictures_(pictures),
+      review_(state, *this, messages, printer, clock, pictures)
 {}
 
 WindowSet::~WindowSet()
@@ -80,6 +86,9 @@ bool WindowSet::Run(WindowName window)
     case WindowName::frmAskSamp:
         frmAskSamp(state_, pictures_, behind).exec();
         return true;
+    case WindowName::frmRate:
+        frmRate(state_, review_.Record().File, messages_, pictures_, behind).exec();
+        return true;
     case WindowName::frmNote:
         RunEvents(behind);
         return true;
@@ -97,8 +106,10 @@ void WindowSet::RunEvents(QWidget* behind)
 
 bool WindowSet::Show(WindowName window)
 {
+    if (window == WindowName::frmxECG)
+        review_.Open(parent_);
     if (window != WindowName::frmPat)
-        return false;
+        return window == WindowName::frmxECG;
     // The start-up opens the database once, so that the patients are there; its window shows when it is asked for.
     if (patients_.Activated())
         OpenDatabase();
@@ -139,11 +150,13 @@ void WindowSet::Close(WindowName window)
         database_->CloseUnasked();
     if (window == WindowName::frmNote && events_)
         events_->Finish();
+    if (window == WindowName::frmxECG)
+        review_.Close();
 }
 
 void WindowSet::PumpMessages()
 {
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 }  // namespace ecg

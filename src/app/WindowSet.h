@@ -1,6 +1,7 @@
 // Opens the system's windows by name.
 #pragma once
 
+#include "app/ReviewDesk.h"
 #include "core/SharedState.h"
 #include "core/WindowOpener.h"
 #include "patients/AboutPat.h"
@@ -18,7 +19,8 @@ class frmPat;
 
 class WindowSet final : public WindowOpener {
 public:
-    WindowSet(SharedState& state, AboutPat& patients, MessageBox& messages, Printer& printer, const Pictures& pictures);
+    WindowSet(SharedState& state, AboutPat& patients, MessageBox& messages, Printer& printer, Clock& clock,
+              const Pictures& pictures);
     ~WindowSet() override;
 
     // Windows opened from now on lie on top of `parent`.
@@ -41,6 +43,7 @@ private:
     MessageBox& messages_;
     Printer& printer_;
     const Pictures& pictures_;
+    ReviewDesk review_;
     QWidget* parent_ = nullptr;
     QPointer<frmPat> database_;
     QPointer<frmNote> events_;

@@ -30,7 +30,7 @@ Workstation::Workstation(const std::filesystem::path& programFolder, const QStri
       port_(programFolder),
       printer_(pictures_, pdfFile),
       messages_([this] { return SpeaksChinese(state_); }),
-      windows_(state_, patients_, messages_, printer_, pictures_),
+      windows_(state_, patients_, messages_, printer_, clock_, pictures_),
       main_(state_, pictures_, clock_),
       monitor_(state_, port_, clock_, messages_, main_),
       examination_(state_, monitor_, main_, windows_, messages_, clock_, patients_, writer_),

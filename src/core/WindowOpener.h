@@ -35,7 +35,7 @@ public:
 
     virtual void Close(WindowName window) = 0;
 
-    // Lets waiting events run once.
+    // Lets events run once, waiting for the next one.
     virtual void PumpMessages() = 0;
 };
 
