@@ -22,23 +22,7 @@ Point ReadingsPlace(const Surface& page, Point end, double width, double height)
             std::clamp(end.Y, ScreenCorner.Y, std::max(bottom - height, ScreenCorner.Y))};
 }
 
-}  // namespace
-
-double TraceWidth(const RecordReview& review, double longestLine)
-{
-    return std::max(TraceAreaWidth, std::min(ViewWidth(review.View), longestLine));
-}
-
-void DrawTraceGrid(Surface& page, double width, const PageLook& look)
-{
-    const Rect area{0, 0, width, TraceAreaHeight};
-    page.SetPenWidth(look.GridPen);
-    DrawMmGrid(page, area, 1, look.Grid);
-    const std::array<Point, 5> edge{{{0, 0}, {width, 0}, {width, area.Height}, {0, area.Height}, {0, 0}}};
-    page.Polyline(edge, look.Frame);
-}
-
-void DrawStrips(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
     const StripLayout layout = review.Layout(longestLine);
     const ViewScale scale = review.Scale();
@@ -58,10 +42,33 @@ void DrawStrips(Surface& page, const RecordReview& review, double longestLine, c
     DrawEventMarks(page, layout, state.CurrentHeader, state.BlockStart, scale.Speed, state.Chinese(), look);
 }
 
-void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+}  // namespace
+
+double TraceWidth(const RecordReview& review, double longestLine)
+{
+    return std::max(TraceAreaWidth, std::min(ViewWidth(review.View), longestLine));
+}
+
+void DrawBack(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+{
+    const Rect area{0, 0, TraceWidth(review, longestLine), TraceAreaHeight};
+    page.SetPenWidth(look.GridPen);
+    if (HasTraces(review.View.Mode))
+        DrawMmGrid(page, area, 1, look.Grid);
+    const std::array<Point, 5> edge{{{0, 0}, {area.Width, 0}, {area.Width, area.Height}, {0, area.Height}, {0, 0}}};
+    page.Polyline(edge, look.Frame);
+}
+
+void DrawContent(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+{
+    if (HasTraces(review.View.Mode))
+        DrawTraces(page, review, longestLine, look);
+}
+
+void DrawFront(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
     const SharedState& state = review.State();
-    DrawStrips(page, review, longestLine, look);
+    DrawContent(page, review, longestLine, look);
     page.Text({0, BottomLineTop},
               BottomLine(state.CurrentHeader, review.File.SlotCount, state.Chinese()) +
                   ExamTimeText(state.CurrentHeader),

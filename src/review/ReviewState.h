@@ -55,6 +55,9 @@ std::size_t ReviewGainIndex(const RecordHeader& header);
 std::size_t ReviewSpeedIndex(const RecordHeader& header);
 ViewScale ScaleOf(const RecordHeader& header);
 
+// Whether a mode shows traces, which the electric rule measures.
+bool HasTraces(ReviewMode mode);
+
 // The length of one line of trace in mm. Modes without a trace have the one of twelve strips.
 double ViewWidth(const ReviewState& state);
 

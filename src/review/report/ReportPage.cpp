@@ -32,7 +32,7 @@ constexpr double upperStep = 3.3;  // mm, from line to line
 constexpr double lowerStep = 3.5;  // mm
 
 constexpr double bottomRight = 219;           // mm, where the bottom line ends
-constexpr double signatureTop = 191;          // mm
+constexpr double bottomTop = 191;             // mm, of the line below the traces and of the signature
 constexpr double englishSignatureLeft = 244;  // mm
 
 constexpr Twin numberIs{"心电图号：", "ECG No.:"};
@@ -94,28 +94,12 @@ void DrawFooter(PaperText& text, const RecordReview& review)
 {
     const SharedState& state = review.State();
     const TextStyle style = text.Style(BodyPoints);
-    text.WriteRight(bottomRight, BottomLineTop,
+    text.WriteRight(bottomRight, bottomTop,
                     BottomLine(state.CurrentHeader, review.File.SlotCount, state.Chinese()) +
                         WrittenTime(ReportNumber(state)),
                     style, bottomRight);
     const double left = state.Chinese() ? ReportColumnText : englishSignatureLeft;
-    text.Write({left, signatureTop}, signature.In(state.SysInfo), style, ReportColumnText + ReportColumnRoom - left);
-}
-
-// What the view shows, on the same coordinates. A long lead goes on in further lines, for paper has no scroll bar.
-void DrawContent(Surface& page, const RecordReview& review, const PageLook& look)
-{
-    switch (review.View.Mode) {
-    case ReviewMode::Ecg:
-    case ReviewMode::Pacing:
-        DrawTraceGrid(page, TraceAreaWidth, look);
-        DrawStrips(page, review, TraceAreaWidth, look);
-        break;
-    case ReviewMode::Spectrum:
-    case ReviewMode::QtDispersion:
-    case ReviewMode::Variability:
-        break;
-    }
+    text.Write({left, bottomTop}, signature.In(state.SysInfo), style, ReportColumnText + ReportColumnRoom - left);
 }
 
 // What is drawn beside the grid is black when the settings say so.
@@ -150,7 +134,8 @@ void DrawReport(Surface& page, const RecordReview& review, int year)
     PageLook look = ReportLook(review.State(), review.Scale().Speed);
     PaperText text(paper, look.Ink);
     look.TextHeight = text.Style(BodyPoints).Height;
-    DrawContent(paper, review, look);
+    DrawBack(paper, review, TraceAreaWidth, look);
+    DrawContent(paper, review, TraceAreaWidth, look);  // a long lead goes on in further lines: paper has no scroll bar
     DrawFrame(paper, look);
     DrawHeader(text, review, year);
     DrawReportPanels(paper, text, review, look, year);
