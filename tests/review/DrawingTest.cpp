@@ -1,0 +1,215 @@
+// The arithmetic of the review's pictures, read from what is drawn. Numbers are worked out by hand from 226 counts a
+// millivolt and 500 samples a second.
+#include "review/ElectricRule.h"
+#include "review/EventMarks.h"
+#include "review/PageSurface.h"
+#include "review/ReviewFixture.h"
+#include "review/ReviewPicture.h"
+#include "review/TraceDrawing.h"
+#include "support/RecordingSurface.h"
+
+#include <gmock/gmock.h>
+
+namespace ecg {
+namespace {
+
+using testing::ElementsAre;
+using testing::Pointwise;
+
+MATCHER(IsNear, "")
+{
+    return std::fabs(std::get<0>(arg) - std::get<1>(arg)) < 1e-9;
+}
+
+// The points of the one trace that was drawn.
+std::vector<Point> TraceOf(const RecordingSurface& surface)
+{
+    std::vector<Point> points;
+    for (const auto& line : surface.Lines) {
+        if (points.empty())
+            points.push_back(line.From);
+        points.push_back(line.To);
+    }
+    return points;
+}
+
+std::vector<std::int16_t> Ramp(std::size_t count)
+{
+    std::vector<std::int16_t> samples(count);
+    for (std::size_t i = 0; i < count; ++i)
+        samples[i] = static_cast<std::int16_t>(i);
+    return samples;
+}
+
+PageLook Points(double perMm)
+{
+    PageLook look;
+    look.PointsPerMm = perMm;
+    return look;
+}
+
+TEST(Trace, TakesTheNearestSampleForEachPixelOfTheScreen)
+{
+    RecordingSurface screen(700, 620);
+    PageSurface page(screen, 3, ScreenCorner);
+    DrawStrip(page, {.Left = 0, .Width = 220}, {.Lead = lead::II, .Top = 50}, Ramp(4400), {10, 25}, false, Points(3));
+    const auto trace = TraceOf(screen);
+    ASSERT_EQ(trace.size(), 660U);
+    const std::array<int, 4> samples{0, 7, 13, 20};  // 6.67, 13.33 rounded
+    for (std::size_t p = 0; p < samples.size(); ++p) {
+        EXPECT_NEAR(trace[p].X, 8 * 3 + static_cast<double>(p), 1e-9);
+        EXPECT_NEAR(trace[p].Y, (50 + 8 - samples[p] * 10 / 226.0) * 3, 1e-9);
+    }
+}
+
+TEST(Trace, HasEverySampleOnPaperAndEndsWithTheRecord)
+{
+    RecordingSurface page(297, 210);
+    DrawStrip(page, {.Left = 110, .Width = 110, .First = 100}, {.Lead = lead::I, .Top = 20}, Ramp(1000), {5, 50}, false,
+              Points(500 / 50.0));
+    const auto trace = TraceOf(page);
+    ASSERT_EQ(trace.size(), 900U) << "1100 would fill the band";
+    EXPECT_NEAR(trace[899].X, 110 + 89.9, 1e-9);
+    EXPECT_NEAR(trace[899].Y, 20 - 999 * 5 / 226.0, 1e-9);
+}
+
+TEST(Trace, BeginsWithAMillivoltOfThreeMmWhenItIsCalibrated)
+{
+    RecordingSurface page(297, 210);
+    const std::vector<std::int16_t> signal(4400, 113);  // half a millivolt
+    DrawStrip(page, {.Left = 0, .Width = 220}, {.Lead = lead::I, .Top = 50}, signal, {20, 25}, true, Points(1));
+    std::vector<double> heights;
+    for (const Point& point : TraceOf(page))
+        heights.push_back(50 - point.Y);
+    heights.resize(9);
+    EXPECT_THAT(heights, Pointwise(IsNear(), {0, 0, 20, 20, 20, 0, 0, 10, 10}));
+}
+
+class Layout : public testing::Test {
+protected:
+    // Tops of the strips of a form; the record is silent but for lead II, from 226 counts up to 113 down.
+    StripLayout Of(EcgForm form, bool autoInterval, double longestLine = OneLine)
+    {
+        block_.Row(lead::II)[0] = 226;
+        block_.Row(lead::II)[1] = -113;
+        state_.Form = form;
+        state_.AutoInterval = autoInterval;
+        const ViewSamples samples{block_, 1480};
+        return LayOutStrips(state_, {10, 25}, longestLine, samples, samples);
+    }
+
+    static std::vector<double> Tops(const StripLayout& layout, std::size_t first, std::size_t count)
+    {
+        std::vector<double> tops;
+        for (std::size_t i = first; i < first + count; ++i)
+            tops.push_back(layout.Strips.at(i).Top);
+        return tops;
+    }
+
+    LeadBlock block_{1480};
+    ReviewState state_;
+};
+
+TEST_F(Layout, SpreadsStripsEvenly)
+{
+    const auto rows = Of(EcgForm::Rows12, false);
+    EXPECT_THAT(Tops(rows, 0, 2), Pointwise(IsNear(), {190 / 13.0, 380 / 13.0}));
+    EXPECT_NEAR(rows.Strips.at(11).Top, 12 * 190 / 13.0, 1e-9);
+    const auto columns = Of(EcgForm::Columns6x2, false);
+    EXPECT_NEAR(columns.Strips.at(6).Top, 190 / 7.0, 1e-9);
+    EXPECT_EQ(columns.Bands.at(1).Left, 110);
+    const auto both = Of(EcgForm::Columns4x3And2, false);
+    EXPECT_EQ(both.Strips.size(), 14U);
+    EXPECT_THAT(Tops(both, 12, 2), Pointwise(IsNear(), {5 * 190 / 7.0, 6 * 190 / 7.0}));
+    EXPECT_NEAR(both.Bands.at(3).Top, 4.5 * 190 / 7.0, 1e-9);
+    EXPECT_EQ(both.Bands.at(3).Width, 220);
+}
+
+TEST_F(Layout, SharesTheHeightByWhatTheSignalsNeed)
+{
+    // In a column of I to aVF only II reaches out: 10 mm up, 5 mm down; the gaps share what remains.
+    const double gap = (190 - 15) / 7.0;
+    EXPECT_THAT(Tops(Of(EcgForm::Columns6x2, true), 0, 3), Pointwise(IsNear(), {gap, 2 * gap + 10, 3 * gap + 15}));
+    for (auto& sample : block_.Row(lead::I))
+        sample = 2000;  // never below 1024: the lowest stays where it grows from
+    const double up = 2000 * 10 / 226.0;
+    const double down = -1024 * 10 / 226.0;
+    const double tight = (190 - 15 - up - down) / 7;
+    EXPECT_NEAR(Of(EcgForm::Columns6x2, true).Strips.at(0).Top, tight + up, 1e-9);
+}
+
+TEST_F(Layout, BreaksLongLeadsIntoLinesOnPaperAndLeavesOutHiddenLeads)
+{
+    const auto paper = Of(EcgForm::LongLeads, false, TraceAreaWidth);
+    ASSERT_EQ(paper.Bands.size(), 4U);
+    EXPECT_EQ(paper.Bands[3].First, 13200) << "660 mm at 25 mm/s";
+    EXPECT_EQ(paper.Strips.size(), 8U);
+    EXPECT_EQ(paper.Strips[7].Lead, lead::V5);
+    EXPECT_EQ(Of(EcgForm::LongLeads, false).Bands.at(0).Width, 880);
+    state_.Hidden[lead::I] = state_.Hidden[lead::V6] = true;
+    const auto rows = Of(EcgForm::Rows12, false);
+    EXPECT_EQ(rows.Strips.size(), 10U);
+    EXPECT_EQ(rows.Strips[0].Lead, lead::II);
+    EXPECT_NEAR(rows.Strips[0].Top, 190 / 11.0, 1e-9);
+}
+
+TEST_F(Layout, PutsMarkersOverTheAnalysisLead)
+{
+    const auto columns = Of(EcgForm::Columns6x2, false);
+    const Rect box = MarkerBox(columns, lead::V2);
+    EXPECT_EQ(box.X, 110);
+    EXPECT_LT(box.Y + box.Height, 2 * 190 / 7.0);
+    EXPECT_EQ(PlaceOfSlot(columns.Bands[1], 800, 300, 25), 110 + 25);
+    EXPECT_FALSE(PlaceOfSlot(columns.Bands[1], 2500, 300, 25)) << "exactly behind the last sample of 110 mm";
+    EXPECT_FALSE(PlaceOfSlot(columns.Bands[1], 299, 300, 25));
+    EXPECT_EQ(SlotAt(25.04, 300, 25), 800) << "the whole part of 500.8";
+}
+
+struct RuleCase {
+    double Dx, Dy;
+    const char* Voltage;
+    const char* Time;
+    const char* Rate;
+};
+
+TEST(ElectricRuleTest, ReadsVoltageTimeAndRate)
+{
+    const std::vector<RuleCase> cases{{5, 10, "Voltage= 1.000 mv", "Period= 0.200 s", "HR= 300 bpm"},
+                                      {-4, -5, "Voltage= 0.500 mv", "Period= 0.160 s", "HR= 0 bpm"},
+                                      {25, 0, "Voltage= 0.000 mv", "Period= 1.000 s", "HR= 60 bpm"}};
+    for (const RuleCase& one : cases) {
+        ElectricRule rule;
+        rule.Begin({100 / 3.0, 7 / 3.0});
+        rule.Follow({100 / 3.0 + one.Dx, 7 / 3.0 + one.Dy});
+        EXPECT_THAT(RuleTexts(rule, {10, 25}, false), ElementsAre(one.Voltage, one.Time, one.Rate));
+    }
+    ElectricRule rule;
+    rule.Follow({12.5, 20});
+    EXPECT_THAT(RuleTexts(rule, {20, 25}, true),
+                ElementsAre("电压= 1.000 毫伏", "时间= 0.500 秒", "对应心率= 120 bpm"));
+}
+
+TEST(EventMarks, StandAtTheirMomentWithTextAndTime)
+{
+    RecordHeader header;
+    header.ExamTime.Set("20260309235958");
+    header.EventPos[0] = 800;
+    header.EventText[0].Set("胸闷");
+    header.EventPos[7] = 850;  // so close that it must stand below
+    header.EventText[7].Set("pain");
+    header.EventPos[8] = 299;   // before the view
+    header.EventPos[9] = 4700;  // behind it
+    RecordingSurface page(297, 210);
+    const StripLayout layout{{{.Width = 220, .Bottom = 190}}, {}};
+    PageLook look;
+    look.TextHeight = 4;
+    DrawEventMarks(page, layout, header, 300, 25, true, look);
+    ASSERT_EQ(page.Texts.size(), 2U);
+    EXPECT_EQ(page.Texts[0].Text, "事件：胸闷  时间：2026/03/09 23:59:59");
+    EXPECT_EQ(page.Texts[0].At, (Point{25 + 3, 0}));
+    EXPECT_NEAR(page.Texts[1].At.X, 27.5 + 3, 1e-9);
+    EXPECT_EQ(page.Texts[1].At.Y, 4);
+}
+
+}  // namespace
+}  // namespace ecg
