@@ -1,10 +1,14 @@
 #include "review/ReviewPicture.h"
 
 #include "review/EventMarks.h"
+#include "review/HrvPicture.h"
 #include "review/PageTexts.h"
+#include "review/QtPicture.h"
+#include "review/SpectrumPicture.h"
 #include "review/TraceDrawing.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ecg {
 namespace {
@@ -20,6 +24,17 @@ Point ReadingsPlace(const Surface& page, Point end, double width, double height)
     const bool fits = end.X + ruleTextSpace + width < right;
     return {fits ? end.X + ruleTextSpace : end.X - ruleTextSpace - width,
             std::clamp(end.Y, ScreenCorner.Y, std::max(bottom - height, ScreenCorner.Y))};
+}
+
+bool ShowsDoubleLead(const ReviewState& view)
+{
+    return view.Mode == ReviewMode::Spectrum && view.Spectrum == SpectrumLayout::DoubleLead;
+}
+
+// The diagram of QT dispersion stands on plain paper beside the traces.
+double TraceGridWidth(const RecordReview& review, double areaWidth)
+{
+    return review.View.Mode == ReviewMode::QtDispersion ? ViewWidth(review.View) : areaWidth;
 }
 
 void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
@@ -51,18 +66,31 @@ double TraceWidth(const RecordReview& review, double longestLine)
 
 void DrawBack(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
-    const Rect area{0, 0, TraceWidth(review, longestLine), TraceAreaHeight};
+    const double width = TraceWidth(review, longestLine);
     page.SetPenWidth(look.GridPen);
     if (HasTraces(review.View.Mode))
-        DrawMmGrid(page, area, 1, look.Grid);
-    const std::array<Point, 5> edge{{{0, 0}, {area.Width, 0}, {area.Width, area.Height}, {0, area.Height}, {0, 0}}};
+        DrawMmGrid(page, {0, 0, TraceGridWidth(review, width), TraceAreaHeight}, 1, look.Grid);
+    if (ShowsDoubleLead(review.View)) {
+        DrawDoubleLeadGrid(page, look);
+        return;  // its numbers stand where the edge would
+    }
+    const std::array<Point, 5> edge{{{0, 0}, {width, 0}, {width, TraceAreaHeight}, {0, TraceAreaHeight}, {0, 0}}};
     page.Polyline(edge, look.Frame);
 }
 
 void DrawContent(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
+    const bool chinese = review.State().Chinese();
     if (HasTraces(review.View.Mode))
         DrawTraces(page, review, longestLine, look);
+    if (review.View.Mode == ReviewMode::QtDispersion)
+        DrawQtDiagram(page, review.Result.Params, chinese, look);
+    if (review.View.Mode == ReviewMode::Variability)
+        DrawHrvPlots(page, review.File.EcgBlock, chinese, look);
+    if (ShowsDoubleLead(review.View))
+        DrawDoubleLead(page, review.Spectrum, chinese, look);
+    else if (review.View.Mode == ReviewMode::Spectrum)
+        DrawTwelveSpectra(page, review.Spectrum, look);
 }
 
 void DrawFront(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
@@ -78,7 +106,7 @@ void DrawFront(Surface& page, const RecordReview& review, double longestLine, co
 void DrawRule(Surface& page, const RecordReview& review, const PageLook& look)
 {
     const ElectricRule& rule = review.View.Rule;
-    if (!rule.Drawn)
+    if (!rule.Drawn || !HasTraces(review.View.Mode))
         return;
     page.SetPenWidth(2 * look.TracePen);
     page.Line(rule.Press, rule.Current, look.Locate);

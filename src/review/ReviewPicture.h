@@ -8,7 +8,7 @@
 namespace ecg {
 
 inline constexpr Point ScreenCorner{-8, -8};  // mm of the page at the top left of the screen's picture
-inline constexpr double BottomLineTop = 191;  // mm; the line of gain, speed and filters below the traces
+inline constexpr double BottomLineTop = 192;  // mm; the line of gain, speed and filters below the traces
 
 // A line of trace that is never broken.
 inline constexpr double OneLine = 1e6;  // mm
@@ -19,7 +19,7 @@ double TraceWidth(const RecordReview& review, double longestLine);
 // What stands behind: the grid that the mode wants, and the edge of the area. The page must be blank paper.
 void DrawBack(Surface& page, const RecordReview& review, double longestLine, const PageLook& look);
 
-// What stands in front, by mode: traces with their names, the lines of the measured beat and events.
+// What stands in front, by mode: traces with their names, the lines of the measured beat and events, or the mode's plots.
 void DrawContent(Surface& page, const RecordReview& review, double longestLine, const PageLook& look);
 
 // The same over the bottom line of the screen.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysis/LeadBlock.h"
+#include "analysis/Spectrum.h"
 #include "core/formats/RecordHeader.h"
 #include "core/formats/RecordSample.h"
 #include "review/ElectricRule.h"
@@ -30,6 +31,7 @@ inline constexpr std::size_t EcgFormCount = 7;
 struct ReviewState {
     ReviewMode Mode = ReviewMode::Ecg;
     EcgForm Form = EcgForm::Rows12;
+    SpectrumLayout Spectrum = SpectrumLayout::DoubleLead;
     int DisplayScale = 3;  // pixels of the screen for a millimetre: 3, 4 or 5
     std::size_t AnalysisLead = lead::II;
     std::array<std::size_t, 2> LongLead{lead::II, lead::V5};

@@ -154,7 +154,7 @@ void TraceView::mousePressEvent(QMouseEvent* event)
         OnMenu(event->globalPosition().toPoint());
     if (event->button() != Qt::LeftButton)
         return;
-    if (review_.View.Rule.On) {
+    if (review_.View.Rule.On && HasTraces(review_.View.Mode)) {
         review_.View.Rule.Begin(ToMm(event->position()));
         RedrawTraces();
         return;
