@@ -46,19 +46,12 @@ public:
         }
     }
 
-    // A line of a label, a colon and a value: the label to the left without its padding, the value to the right.
+    // A line of a label and a value: the label to the left, the value to the right.
     void WriteRow(const std::string& line)
     {
-        constexpr std::string_view wideColon = "：";
-        const auto wide = line.find(wideColon);
-        const auto colon = wide == std::string::npos ? line.find(':') : wide;
-        const std::size_t width = wide == std::string::npos ? 1 : wideColon.size();
-        if (colon == std::string::npos)
-            return Write(line, rows);
-        const std::string label(TrimField(std::string_view(line).substr(0, colon)));
-        const std::string value = line.substr(colon + width);
-        surface_.Text({margin, y_}, label + line.substr(colon, width), rows);
-        surface_.Text({margin + Width() - surface_.TextWidth(value, rows), y_}, value, rows);
+        const PanelRow row = SplitLine(line);
+        surface_.Text({margin, y_}, row.Label, rows);
+        surface_.Text({margin + Width() - surface_.TextWidth(row.Value, rows), y_}, row.Value, rows);
         y_ += lineHeight;
     }
 
@@ -111,13 +104,19 @@ void DrawMeasurement(Surface& surface, Writer& writer, const RecordReview& revie
 
 void DrawSpectrum(Surface& surface, Writer& writer, const RecordReview& review)
 {
-    if (!review.SpectrumIsOfView)
-        writer.Write((review.Spectrum.Length == 0 ? noSpectrum : earlierSpectrum).In(review.State().Chinese()), words);
+    writer.Write(SpectrumNote(review), words);
     if (review.View.Spectrum == SpectrumLayout::DoubleLead && review.Spectrum.Length > 0)
         DrawSpectrumMarks(surface, {writer.Rest().X, writer.Rest().Y}, review.Spectrum, words);
 }
 
 }  // namespace
+
+std::string SpectrumNote(const RecordReview& review)
+{
+    if (review.SpectrumIsOfView)
+        return {};
+    return (review.Spectrum.Length == 0 ? noSpectrum : earlierSpectrum).In(review.State().Chinese());
+}
 
 std::vector<std::string> PatientLines(const SharedState& state, int year)
 {
