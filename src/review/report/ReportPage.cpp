@@ -66,11 +66,20 @@ double HeaderLineTop(std::size_t line)
     return firstHeaderLine + static_cast<double>(line) * (line < upperLines ? upperStep : lowerStep);
 }
 
+// The degrees of the phase shift stand where the frame would be, so that it gives way into the white edge.
+double FrameLeft(const ReviewState& view)
+{
+    constexpr double beforeDegrees = -2;  // mm
+    const bool showsPhase = view.Mode == ReviewMode::Spectrum && view.Spectrum == SpectrumLayout::DoubleLead;
+    return showsPhase ? beforeDegrees : 0;
+}
+
 // The rules of the header reach over its column only: further to the left they would cross the traces.
-void DrawFrame(Surface& page, const PageLook& look)
+void DrawFrame(Surface& page, double left, const PageLook& look)
 {
     page.SetPenWidth(framePen);
-    const std::array<Point, 5> edge{{{0, 0}, {ReportWidth, 0}, {ReportWidth, ReportHeight}, {0, ReportHeight}, {0, 0}}};
+    const std::array<Point, 5> edge{
+        {{left, 0}, {ReportWidth, 0}, {ReportWidth, ReportHeight}, {left, ReportHeight}, {left, 0}}};
     page.Polyline(edge, look.Frame);
     page.Line({ReportColumn, 0}, {ReportColumn, ReportHeight}, look.Frame);
     for (const double y : {headerTop, headerBottom})
@@ -136,7 +145,7 @@ void DrawReport(Surface& page, const RecordReview& review, int year)
     look.TextHeight = text.Style(BodyPoints).Height;
     DrawBack(paper, review, TraceAreaWidth, look);
     DrawContent(paper, review, TraceAreaWidth, look);  // a long lead goes on in further lines: paper has no scroll bar
-    DrawFrame(paper, look);
+    DrawFrame(paper, FrameLeft(review.View), look);
     DrawHeader(text, review, year);
     DrawReportPanels(paper, text, review, look, year);
     DrawFooter(text, review);
