@@ -62,6 +62,18 @@ std::string ComplexHeading(const BeatResult& result, std::size_t analysisLead)
     return std::string(labels::Leads[analysisLead]) + "  " + result.Params.Complex[analysisLead].Text();
 }
 
+PanelRow SplitLine(const std::string& line)
+{
+    constexpr std::string_view wideColon = "：";
+    const auto wide = line.find(wideColon);
+    const auto colon = wide == std::string::npos ? line.find(':') : wide;
+    if (colon == std::string::npos)
+        return {line, "", ""};
+    const std::size_t width = wide == std::string::npos ? 1 : wideColon.size();
+    const std::string label(TrimField(std::string_view(line).substr(0, colon)));
+    return {label + line.substr(colon, width), line.substr(colon + width), ""};
+}
+
 void DrawPanelRows(Surface& surface, const Rect& area, double rowHeight, const std::vector<PanelRow>& rows,
                    const TextStyle& style)
 {

@@ -10,7 +10,7 @@ constexpr double paperText = 4;          // mm
 constexpr double paperGridPen = 0.1;     // mm
 constexpr double paperTracePen = 0.2;    // mm
 
-constexpr double screenEventRise = 7;  // mm; there the screen has a margin, and paper has not
+constexpr double screenTopRoom = 7;  // mm; paper has no margin there
 
 GridColours PrintGrid(const SharedState& state)
 {
@@ -37,7 +37,7 @@ PageLook ScreenLook(const SharedState& state, int displayScale)
     look.TracePen = pixel;
     look.TextHeight = screenTextPixels * pixel;
     look.PointsPerMm = displayScale;
-    look.EventRise = screenEventRise;
+    look.TopRoom = screenTopRoom;
     return look;
 }
 

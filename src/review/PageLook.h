@@ -16,7 +16,7 @@ struct PageLook {
     double GridPen = 0;      // mm
     double TracePen = 0;     // mm
     double TextHeight = 0;   // mm, of a line of text
-    double EventRise = 0;    // mm from the top of the trace area up to the marks of events
+    double TopRoom = 0;      // mm of margin above the trace area that can be written on
     double PointsPerMm = 0;  // of a trace
 };
 

@@ -1,6 +1,7 @@
 #include "review/RecordReview.h"
 
 #include "analysis/AboutResult.h"
+#include "analysis/HeartRateVariability.h"
 #include "analysis/SavedAnalysis.h"
 
 #include <algorithm>
@@ -52,6 +53,7 @@ RecordReview::Opening RecordReview::Open()
     File.RFlagList.fill(0);
     File.CenterSlot = 0;
     Result = {};
+    Spectrum = {};
     View = {};
     if (!HasSamples(File.SlotCount)) {
         std::error_code error;
@@ -91,12 +93,51 @@ bool RecordReview::ReadView()
     File.ReadSamples(SampleTarget::View, state_.BlockStart, SamplesInView());
     if (View.Mode == ReviewMode::Ecg && View.Form == EcgForm::Contrast)
         File.ReadSamples(SampleTarget::Comparison, File.CompareStart, SamplesInView());
+    ComputeStatistics();
     return true;
 }
 
+// What a mode shows beside the samples, of the view and the beat as they are now.
+void RecordReview::ComputeStatistics()
+{
+    switch (View.Mode) {
+    case ReviewMode::Spectrum:
+        SpectrumIsOfView = AnalyseSpectrum(File, View.Spectrum, Result.Params.HeartRate, Spectrum);
+        break;
+    case ReviewMode::QtDispersion:
+        Qt = ComputeQtStats(Result);
+        break;
+    case ReviewMode::Variability:
+        ReadRRSeries(File);
+        ComputeHrvStats(File.EcgBlock);
+        break;
+    case ReviewMode::Ecg:
+    case ReviewMode::Pacing:
+        break;
+    }
+}
+
+// Dispersion measures QT from one place for all leads; in the ECG mode each lead has its own again.
 bool RecordReview::SetMode(ReviewMode mode)
 {
-    return Try(View.Mode, mode, [this] { return ReadView(); });
+    const ReviewMode before = View.Mode;
+    if (!Try(View.Mode, mode, [this] { return ReadView(); }))
+        return false;
+    if (before != mode && mode == ReviewMode::Ecg)
+        Measure(File, LeadSystem::Wilson, Result);
+    return true;
+}
+
+bool RecordReview::SetSpectrum(SpectrumLayout layout)
+{
+    View.Spectrum = layout;
+    return SetMode(ReviewMode::Spectrum);
+}
+
+bool RecordReview::SetDftLead(std::size_t which, std::size_t lead)
+{
+    Spectrum.DftLeads[which] = lead;
+    return SetSpectrum(SpectrumLayout::DoubleLead);
 }
 
 bool RecordReview::SetForm(EcgForm form)

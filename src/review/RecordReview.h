@@ -7,10 +7,14 @@
 //
 // The record may vanish or lose its end while it is shown. Every change of the view looks; one that cannot be read is not
 // made, and what is in memory stays, so that a flat line is never shown in place of a lost signal.
+//
+// A view of the spectrum or variability mode has its statistics where the others have samples (`EcgBlock`).
 #pragma once
 
 #include "analysis/AboutFile.h"
 #include "analysis/BeatResult.h"
+#include "analysis/QtDispersion.h"
+#include "analysis/Spectrum.h"
 #include "review/ReviewState.h"
 #include "review/StripLayout.h"
 
@@ -35,6 +39,8 @@ public:
     // What changes the view and needs samples. False: the record could not be read, and nothing has changed.
     bool SetMode(ReviewMode mode);
     bool SetForm(EcgForm form);
+    bool SetSpectrum(SpectrumLayout layout);
+    bool SetDftLead(std::size_t which, std::size_t lead);  // 0 input, 1 output
     bool SetGain(std::size_t index);
     bool SetSpeed(std::size_t index);
     bool MoveTo(std::int32_t start);  // brought into the record
@@ -80,10 +86,14 @@ public:
 
     AboutFile File;
     BeatResult Result;
-    ReviewState View;  // what needs no samples is changed here at once
+    QtStats Qt{};                   // of the QT mode
+    SpectrumResult Spectrum;        // of the spectrum mode
+    bool SpectrumIsOfView = false;  // the view had the beats for a spectrum; otherwise `Spectrum` is an earlier one
+    ReviewState View;               // what needs no samples is changed here at once
 
 private:
     bool ReadView();
+    void ComputeStatistics();
     void TakeUpSavedAnalysis();
     void MeasureSelected();
     bool AfterFlagChange();

@@ -1,10 +1,14 @@
 #include "review/ReviewPicture.h"
 
 #include "review/EventMarks.h"
+#include "review/HrvPicture.h"
 #include "review/PageTexts.h"
+#include "review/QtPicture.h"
+#include "review/SpectrumPicture.h"
 #include "review/TraceDrawing.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ecg {
 namespace {
@@ -22,23 +26,18 @@ Point ReadingsPlace(const Surface& page, Point end, double width, double height)
             std::clamp(end.Y, ScreenCorner.Y, std::max(bottom - height, ScreenCorner.Y))};
 }
 
-}  // namespace
-
-double TraceWidth(const RecordReview& review, double longestLine)
+bool ShowsDoubleLead(const ReviewState& view)
 {
-    return std::max(TraceAreaWidth, std::min(ViewWidth(review.View), longestLine));
+    return view.Mode == ReviewMode::Spectrum && view.Spectrum == SpectrumLayout::DoubleLead;
 }
 
-void DrawTraceGrid(Surface& page, double width, const PageLook& look)
+// The diagram of QT dispersion stands on plain paper beside the traces.
+double TraceGridWidth(const RecordReview& review, double areaWidth)
 {
-    const Rect area{0, 0, width, TraceAreaHeight};
-    page.SetPenWidth(look.GridPen);
-    DrawMmGrid(page, area, 1, look.Grid);
-    const std::array<Point, 5> edge{{{0, 0}, {width, 0}, {width, area.Height}, {0, area.Height}, {0, 0}}};
-    page.Polyline(edge, look.Frame);
+    return review.View.Mode == ReviewMode::QtDispersion ? ViewWidth(review.View) : areaWidth;
 }
 
-void DrawStrips(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
     const StripLayout layout = review.Layout(longestLine);
     const ViewScale scale = review.Scale();
@@ -58,10 +57,46 @@ void DrawStrips(Surface& page, const RecordReview& review, double longestLine, c
     DrawEventMarks(page, layout, state.CurrentHeader, state.BlockStart, scale.Speed, state.Chinese(), look);
 }
 
-void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+}  // namespace
+
+double TraceWidth(const RecordReview& review, double longestLine)
+{
+    return std::max(TraceAreaWidth, std::min(ViewWidth(review.View), longestLine));
+}
+
+void DrawBack(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+{
+    const double width = TraceWidth(review, longestLine);
+    page.SetPenWidth(look.GridPen);
+    if (HasTraces(review.View.Mode))
+        DrawMmGrid(page, {0, 0, TraceGridWidth(review, width), TraceAreaHeight}, 1, look.Grid);
+    if (ShowsDoubleLead(review.View)) {
+        DrawDoubleLeadGrid(page, look);
+        return;  // its numbers stand where the edge would
+    }
+    const std::array<Point, 5> edge{{{0, 0}, {width, 0}, {width, TraceAreaHeight}, {0, TraceAreaHeight}, {0, 0}}};
+    page.Polyline(edge, look.Frame);
+}
+
+void DrawContent(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
+{
+    const bool chinese = review.State().Chinese();
+    if (HasTraces(review.View.Mode))
+        DrawTraces(page, review, longestLine, look);
+    if (review.View.Mode == ReviewMode::QtDispersion)
+        DrawQtDiagram(page, review.Result.Params, chinese, look);
+    if (review.View.Mode == ReviewMode::Variability)
+        DrawHrvPlots(page, review.File.EcgBlock, chinese, look);
+    if (ShowsDoubleLead(review.View))
+        DrawDoubleLead(page, review.Spectrum, chinese, look);
+    else if (review.View.Mode == ReviewMode::Spectrum)
+        DrawTwelveSpectra(page, review.Spectrum, look);
+}
+
+void DrawFront(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
     const SharedState& state = review.State();
-    DrawStrips(page, review, longestLine, look);
+    DrawContent(page, review, longestLine, look);
     page.Text({0, BottomLineTop},
               BottomLine(state.CurrentHeader, review.File.SlotCount, state.Chinese()) +
                   ExamTimeText(state.CurrentHeader),
@@ -71,7 +106,7 @@ void DrawTraces(Surface& page, const RecordReview& review, double longestLine, c
 void DrawRule(Surface& page, const RecordReview& review, const PageLook& look)
 {
     const ElectricRule& rule = review.View.Rule;
-    if (!rule.Drawn)
+    if (!rule.Drawn || !HasTraces(review.View.Mode))
         return;
     page.SetPenWidth(2 * look.TracePen);
     page.Line(rule.Press, rule.Current, look.Locate);

@@ -36,6 +36,11 @@ ViewScale ScaleOf(const RecordHeader& header)
     return {ReviewGains[ReviewGainIndex(header)], ReviewSpeeds[ReviewSpeedIndex(header)]};
 }
 
+bool HasTraces(ReviewMode mode)
+{
+    return mode == ReviewMode::Ecg || mode == ReviewMode::QtDispersion || mode == ReviewMode::Pacing;
+}
+
 double ViewWidth(const ReviewState& state)
 {
     switch (state.Mode) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysis/LeadBlock.h"
+#include "analysis/Spectrum.h"
 #include "core/formats/RecordHeader.h"
 #include "core/formats/RecordSample.h"
 #include "review/ElectricRule.h"
@@ -30,6 +31,7 @@ inline constexpr std::size_t EcgFormCount = 7;
 struct ReviewState {
     ReviewMode Mode = ReviewMode::Ecg;
     EcgForm Form = EcgForm::Rows12;
+    SpectrumLayout Spectrum = SpectrumLayout::DoubleLead;
     int DisplayScale = 3;  // pixels of the screen for a millimetre: 3, 4 or 5
     std::size_t AnalysisLead = lead::II;
     std::array<std::size_t, 2> LongLead{lead::II, lead::V5};
@@ -54,6 +56,9 @@ inline constexpr std::array<double, 4> ReviewSpeeds{12.5, 25, 50, 100};
 std::size_t ReviewGainIndex(const RecordHeader& header);
 std::size_t ReviewSpeedIndex(const RecordHeader& header);
 ViewScale ScaleOf(const RecordHeader& header);
+
+// Whether a mode shows traces, which the electric rule measures.
+bool HasTraces(ReviewMode mode);
 
 // The length of one line of trace in mm. Modes without a trace have the one of twelve strips.
 double ViewWidth(const ReviewState& state);

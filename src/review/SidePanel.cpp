@@ -1,15 +1,18 @@
 #include "review/SidePanel.h"
 
+#include "analysis/ReportTexts.h"
 #include "core/Language.h"
 #include "review/EventMarks.h"
 #include "review/MeasurementPanel.h"
 #include "review/PageTexts.h"
+#include "review/SpectrumPicture.h"
 
 namespace ecg {
 namespace {
 
-constexpr double margin = 8;          // pixels
+constexpr double margin = 6;          // pixels
 constexpr double lineHeight = 20;     // pixels
+constexpr double rowHeight = 18;      // pixels, of the words in a line of a table
 constexpr double headingHeight = 24;  // pixels
 constexpr Colour paper{246, 248, 238};
 constexpr Colour ink{38, 46, 28};
@@ -18,8 +21,13 @@ constexpr Colour rule{125, 134, 96};
 constexpr Twin numberIs{"病历号：", "Med No.: "};
 constexpr Twin bedIs{"床位：", "Bed: "};
 constexpr Twin classIs{"科室：", "Class: "};
+constexpr Twin noSpectrum{"此处没有 4 秒以上的连续心搏， 无法计算频谱。",
+                          "There are no beats for 4 seconds here: no spectrum."};
+constexpr Twin earlierSpectrum{"此处没有 4 秒以上的连续心搏， 仍显示原来的频谱。",
+                               "There are no beats for 4 seconds here: the spectrum is the one from before."};
 
 const TextStyle words{lineHeight, ink};
+const TextStyle rows{rowHeight, ink};
 const TextStyle heading{headingHeight, ink, true};
 
 // Writes lines downwards; a line that is too long goes on below, broken at its blanks.
@@ -36,6 +44,15 @@ public:
             y_ += style.Height;
             begin = text.find_first_not_of(' ', end);
         }
+    }
+
+    // A line of a label and a value: the label to the left, the value to the right.
+    void WriteRow(const std::string& line)
+    {
+        const PanelRow row = SplitLine(line);
+        surface_.Text({margin, y_}, row.Label, rows);
+        surface_.Text({margin + Width() - surface_.TextWidth(row.Value, rows), y_}, row.Value, rows);
+        y_ += lineHeight;
     }
 
     void Rule()
@@ -73,7 +90,33 @@ void AddUnlessBlank(std::vector<std::string>& lines, const char* label, const st
         lines.push_back(label + value);
 }
 
+void DrawMeasurement(Surface& surface, Writer& writer, const RecordReview& review, int year)
+{
+    if (review.View.Form == EcgForm::Contrast) {
+        for (const std::string& line :
+             ComparisonLines(review.State(), review.File.CompareHeader, review.File.CompareSlotCount, year))
+            writer.Write(line, words);
+        return;
+    }
+    writer.Write(ComplexHeading(review.Result, review.View.AnalysisLead), heading);
+    DrawPanelRows(surface, writer.Rest(), lineHeight, MeasurementRows(review.Result, review.View.AnalysisLead), words);
+}
+
+void DrawSpectrum(Surface& surface, Writer& writer, const RecordReview& review)
+{
+    writer.Write(SpectrumNote(review), words);
+    if (review.View.Spectrum == SpectrumLayout::DoubleLead && review.Spectrum.Length > 0)
+        DrawSpectrumMarks(surface, {writer.Rest().X, writer.Rest().Y}, review.Spectrum, words);
+}
+
 }  // namespace
+
+std::string SpectrumNote(const RecordReview& review)
+{
+    if (review.SpectrumIsOfView)
+        return {};
+    return (review.Spectrum.Length == 0 ? noSpectrum : earlierSpectrum).In(review.State().Chinese());
+}
 
 std::vector<std::string> PatientLines(const SharedState& state, int year)
 {
@@ -98,16 +141,24 @@ void DrawSidePanel(Surface& surface, const RecordReview& review, int year)
     for (std::size_t i = 0; i < lines.size(); ++i)
         writer.Write(lines[i], i == 0 ? heading : words);
     writer.Rule();
-    if (review.View.Mode != ReviewMode::Ecg)
-        return;
-    if (review.View.Form == EcgForm::Contrast) {
-        for (const std::string& line :
-             ComparisonLines(review.State(), review.File.CompareHeader, review.File.CompareSlotCount, year))
-            writer.Write(line, words);
-        return;
+    switch (review.View.Mode) {
+    case ReviewMode::Ecg:
+        DrawMeasurement(surface, writer, review, year);
+        break;
+    case ReviewMode::Spectrum:
+        DrawSpectrum(surface, writer, review);
+        break;
+    case ReviewMode::QtDispersion:
+        for (const std::string& line : texts::QtLines(review.Qt))
+            writer.WriteRow(line);
+        break;
+    case ReviewMode::Variability:
+        for (const std::string& line : texts::HrvLines(review.File.EcgBlock, review.State().Chinese()))
+            writer.WriteRow(line);
+        break;
+    case ReviewMode::Pacing:
+        break;
     }
-    writer.Write(ComplexHeading(review.Result, review.View.AnalysisLead), heading);
-    DrawPanelRows(surface, writer.Rest(), lineHeight, MeasurementRows(review.Result, review.View.AnalysisLead), words);
 }
 
 }  // namespace ecg

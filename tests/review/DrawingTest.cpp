@@ -2,9 +2,13 @@
 // millivolt and 500 samples a second.
 #include "review/ElectricRule.h"
 #include "review/EventMarks.h"
+#include "review/HrvPicture.h"
 #include "review/PageSurface.h"
+#include "review/Plot.h"
+#include "review/QtPicture.h"
 #include "review/ReviewFixture.h"
 #include "review/ReviewPicture.h"
+#include "review/SpectrumPicture.h"
 #include "review/TraceDrawing.h"
 #include "support/RecordingSurface.h"
 
@@ -209,6 +213,84 @@ TEST(EventMarks, StandAtTheirMomentWithTextAndTime)
     EXPECT_EQ(page.Texts[0].At, (Point{25 + 3, 0}));
     EXPECT_NEAR(page.Texts[1].At.X, 27.5 + 3, 1e-9);
     EXPECT_EQ(page.Texts[1].At.Y, 4);
+}
+
+TEST(QtDiagram, DrawsABarForEachLeadAsLongAsItExceedsTheShortest)
+{
+    BeatResult result;
+    result.Unified[QrsOn] = 1000;
+    for (LeadLines& lines : result.Locate)
+        lines[TOff] = 1175;                // 350 ms
+    result.Locate[lead::II][TOff] = 1200;  // 400 ms: green
+    result.Locate[lead::V6][TOff] = 1213;  // 426 ms: red, and the longest
+    ComputeQtStats(result);
+    RecordingSurface page(297, 210);
+    DrawQtDiagram(page, result.Params, true, Points(1));
+    ASSERT_EQ(page.Fills.size(), 12U);
+    EXPECT_NEAR(page.Fills[lead::II].Area.Y, 5 + 13.8, 1e-9);
+    EXPECT_NEAR(page.Fills[lead::II].Area.Width, 38 * 50 / 76.0, 1e-9);
+    EXPECT_EQ(page.Fills[lead::II].Ink, (Colour{50, 255, 50}));
+    EXPECT_EQ(page.Fills[lead::V6].Area.X + page.Fills[lead::V6].Area.Width, 219);
+    EXPECT_EQ(page.Fills[lead::V6].Ink, (Colour{255, 50, 50}));
+    EXPECT_EQ(page.Fills[lead::I].Area.Width, 0);
+    EXPECT_EQ(page.Texts.back().Text, "← MinQT=350 ms");
+}
+
+// Whether a curve goes through a point.
+bool HasPoint(const RecordingSurface& page, Point point)
+{
+    return std::ranges::any_of(page.Lines, [&](const auto& line) {
+        return std::fabs(line.To.X - point.X) < 1e-9 && std::fabs(line.To.Y - point.Y) < 1e-9;
+    });
+}
+
+TEST(SpectrumPicture, StandsInMillimetresOfThePage)
+{
+    SpectrumResult result;
+    result.Length = 250;                 // bins of 0.2 Hz
+    result.Spectrum[lead::II][5] = 10;   // 1 Hz
+    result.Spectrum[lead::V5][25] = 20;  // 5 Hz
+    result.PhaseShift[50] = -40;         // 10 Hz, -180 degrees
+    result.ImpulseResp[125] = 40;        // moment 0
+    RecordingSurface page(297, 210);
+    DrawDoubleLead(page, result, true, Points(1));
+    EXPECT_TRUE(HasPoint(page, {7 + 4, 90 - 10}));
+    EXPECT_TRUE(HasPoint(page, {117 + 20, 90 - 20}));
+    EXPECT_TRUE(HasPoint(page, {7 + 40, 105 + 80}));
+    EXPECT_TRUE(HasPoint(page, {117 + 50, 105}));
+    EXPECT_EQ(page.Texts.front().Text, "0");
+
+    page.Forget();
+    DrawTwelveSpectra(page, result, Points(1));
+    EXPECT_TRUE(HasPoint(page, {220 / 3.0 + 11 + 2.6, 47.5 - 8 - 10})) << "13 mm for 5 Hz";
+}
+
+TEST(HrvPicture, DrawsTheRateOfEachInterval)
+{
+    LeadBlock block(AboutFile::ViewColumns);
+    block.Row(hrv::Summary)[hrv::Count] = 3;
+    block.Row(hrv::Intervals)[0] = 1000;
+    block.Row(hrv::Intervals)[1] = 500;
+    block.Row(hrv::Intervals)[2] = 0;  // of a damaged record: no rate
+    RecordingSurface page(297, 210);
+    DrawHrvPlots(page, block, true, Points(1));
+    EXPECT_TRUE(HasPoint(page, {14 + 200.0 / 945, 103 + 79 * (1 - 120 / 210.0)}));
+    block.Row(hrv::Summary)[hrv::Count] = -1;
+    page.Forget();
+    DrawHrvPlots(page, block, false, Points(1));
+    EXPECT_GT(page.Texts.size(), 20U) << "axes without data";
+}
+
+TEST(RoundAxisTest, EndsOnRoundTicks)
+{
+    const std::vector<std::array<double, 5>> cases{
+        {0.78, 0.9, 0.75, 0.9, 0.05}, {0, 9.7, 0, 10, 2}, {-0.13, 0.21, -0.2, 0.3, 0.1}, {5, 5, 5, 6, 0.2}};
+    for (const auto& [low, high, from, to, step] : cases) {
+        const Axis axis = RoundAxis(low, high, "s");
+        EXPECT_NEAR(axis.From, from, 1e-9);
+        EXPECT_NEAR(axis.To, to, 1e-9);
+        EXPECT_NEAR(axis.Step, step, 1e-9);
+    }
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // A review over a real file: opening, moving, correcting, saving, and what happens when the file does not play along.
+#include "analysis/HeartRateVariability.h"
 #include "review/MeasurementPanel.h"
 #include "review/PageTexts.h"
 #include "review/ReviewFixture.h"
@@ -154,6 +155,26 @@ TEST_F(RecordReviewTest, ReadsAComparisonBesideTheRecord)
     EXPECT_EQ(ComparisonLines(State, Review.File.CompareHeader, Review.File.CompareSlotCount, 2026).at(1), "Name: Li");
     Review.Open();
     EXPECT_EQ(Review.View.Form, EcgForm::Rows12) << "the next record has no comparison";
+}
+
+TEST_F(RecordReviewTest, ComputesTheStatisticsOfAModeAndMeasuresTheBeatAgainAfterwards)
+{
+    Store(FlaggedHeart(60));
+    Review.Open();
+    const float own = Review.Result.Params.QT[lead::V3];
+    EXPECT_TRUE(Review.SetMode(ReviewMode::QtDispersion));
+    EXPECT_EQ(Review.Result.Params.QT[lead::V3],
+              (Review.Result.Locate[lead::V3][TOff] - Review.Result.Unified[QrsOn]) * 2);
+    EXPECT_GE(Review.Qt[MaxQT], Review.Qt[MinQT]);
+    EXPECT_TRUE(Review.SetMode(ReviewMode::Variability));
+    EXPECT_EQ(Review.File.EcgBlock.Row(hrv::Summary)[hrv::Mean], 1000);
+    EXPECT_TRUE(Review.SetSpectrum(SpectrumLayout::DoubleLead) && Review.SpectrumIsOfView);
+    EXPECT_EQ(Review.Spectrum.Length, 250);
+    EXPECT_TRUE(Review.ScrollTo(ScrollRange) && Review.MoveTo(30000));
+    EXPECT_FALSE(Review.SpectrumIsOfView) << "no four seconds are left";
+    EXPECT_EQ(Review.Spectrum.Length, 250);
+    EXPECT_TRUE(Review.MoveTo(300) && Review.SetMode(ReviewMode::Ecg));
+    EXPECT_EQ(Review.Result.Params.QT[lead::V3], own);
 }
 
 TEST(MeasurementPanelTest, LeavesUnmeasuredValuesBlankAndMakesRoomForSigns)

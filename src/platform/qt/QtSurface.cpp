@@ -26,6 +26,7 @@ QFont TypesetFont(const TextStyle& style)
     font.setPixelSize(typesetPixels);
     font.setBold(style.Bold);
     font.setHintingPreference(QFont::PreferNoHinting);
+    // Shaping would put glyphs in the place of digits for which a PDF has no character, so that they could not be searched.
     font.setStyleStrategy(QFont::PreferNoShaping);
     return font;
 }
@@ -126,6 +127,22 @@ ImageSurface::ImageSurface(int width, int height, double scale, const Pictures& 
     : ImageCanvas(width, height, scale), QtSurface(Painter, std::max(width, 1), std::max(height, 1), pictures)
 {
     SetPixelCentres(0.5);
+}
+
+// A grid is hundreds of such lines, and a painter would take each of them through its general path, many times slower.
+void ImageSurface::Line(Point from, Point to, Colour colour)
+{
+    if (from.X != to.X && from.Y != to.Y)
+        return QtSurface::Line(from, to, colour);
+    constexpr double pixelCentre = 0.5;
+    const double scale = Pixels.devicePixelRatio();
+    const double reach = PenWidth() / 2;  // of a pen's square end, in all directions
+    const auto edge = [&](double place) { return std::round((place + pixelCentre - reach) * scale) / scale; };
+    const auto length = [&](double a, double b) {
+        return std::max(std::round((std::fabs(b - a) + PenWidth()) * scale), 1.0) / scale;
+    };
+    Fill({edge(std::min(from.X, to.X)), edge(std::min(from.Y, to.Y)), length(from.X, to.X), length(from.Y, to.Y)},
+         colour);
 }
 
 // A painter would take a strip of a scaled image through its general path, span by span, which is many times slower.

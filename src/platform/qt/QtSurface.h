@@ -30,6 +30,7 @@ public:
 
 protected:
     void SetPixelCentres(double offset) { offset_ = offset; }
+    double PenWidth() const { return penWidth_; }
 
 private:
     QPen Pen(Colour colour) const;
@@ -56,6 +57,9 @@ class ImageSurface final : private ImageCanvas, public QtSurface {
 public:
     // `scale` is device pixels per pixel. A width or height below 1 counts as 1.
     ImageSurface(int width, int height, double scale, const Pictures& pictures);
+
+    // Upright and level lines lie on whole device pixels.
+    void Line(Point from, Point to, Colour colour) override;
 
     // Copies whole device pixels, between images of one scale.
     void Copy(const Surface& source, const Rect& area, Point to) override;

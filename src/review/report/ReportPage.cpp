@@ -32,7 +32,7 @@ constexpr double upperStep = 3.3;  // mm, from line to line
 constexpr double lowerStep = 3.5;  // mm
 
 constexpr double bottomRight = 219;           // mm, where the bottom line ends
-constexpr double signatureTop = 191;          // mm
+constexpr double bottomTop = 191;             // mm, of the line below the traces and of the signature
 constexpr double englishSignatureLeft = 244;  // mm
 
 constexpr Twin numberIs{"心电图号：", "ECG No.:"};
@@ -66,11 +66,20 @@ double HeaderLineTop(std::size_t line)
     return firstHeaderLine + static_cast<double>(line) * (line < upperLines ? upperStep : lowerStep);
 }
 
+// The degrees of the phase shift stand where the frame would be, so that it gives way into the white edge.
+double FrameLeft(const ReviewState& view)
+{
+    constexpr double beforeDegrees = -2;  // mm
+    const bool showsPhase = view.Mode == ReviewMode::Spectrum && view.Spectrum == SpectrumLayout::DoubleLead;
+    return showsPhase ? beforeDegrees : 0;
+}
+
 // The rules of the header reach over its column only: further to the left they would cross the traces.
-void DrawFrame(Surface& page, const PageLook& look)
+void DrawFrame(Surface& page, double left, const PageLook& look)
 {
     page.SetPenWidth(framePen);
-    const std::array<Point, 5> edge{{{0, 0}, {ReportWidth, 0}, {ReportWidth, ReportHeight}, {0, ReportHeight}, {0, 0}}};
+    const std::array<Point, 5> edge{
+        {{left, 0}, {ReportWidth, 0}, {ReportWidth, ReportHeight}, {left, ReportHeight}, {left, 0}}};
     page.Polyline(edge, look.Frame);
     page.Line({ReportColumn, 0}, {ReportColumn, ReportHeight}, look.Frame);
     for (const double y : {headerTop, headerBottom})
@@ -94,28 +103,12 @@ void DrawFooter(PaperText& text, const RecordReview& review)
 {
     const SharedState& state = review.State();
     const TextStyle style = text.Style(BodyPoints);
-    text.WriteRight(bottomRight, BottomLineTop,
+    text.WriteRight(bottomRight, bottomTop,
                     BottomLine(state.CurrentHeader, review.File.SlotCount, state.Chinese()) +
                         WrittenTime(ReportNumber(state)),
                     style, bottomRight);
     const double left = state.Chinese() ? ReportColumnText : englishSignatureLeft;
-    text.Write({left, signatureTop}, signature.In(state.SysInfo), style, ReportColumnText + ReportColumnRoom - left);
-}
-
-// What the view shows, on the same coordinates. A long lead goes on in further lines, for paper has no scroll bar.
-void DrawContent(Surface& page, const RecordReview& review, const PageLook& look)
-{
-    switch (review.View.Mode) {
-    case ReviewMode::Ecg:
-    case ReviewMode::Pacing:
-        DrawTraceGrid(page, TraceAreaWidth, look);
-        DrawStrips(page, review, TraceAreaWidth, look);
-        break;
-    case ReviewMode::Spectrum:
-    case ReviewMode::QtDispersion:
-    case ReviewMode::Variability:
-        break;
-    }
+    text.Write({left, bottomTop}, signature.In(state.SysInfo), style, ReportColumnText + ReportColumnRoom - left);
 }
 
 // What is drawn beside the grid is black when the settings say so.
@@ -150,8 +143,9 @@ void DrawReport(Surface& page, const RecordReview& review, int year)
     PageLook look = ReportLook(review.State(), review.Scale().Speed);
     PaperText text(paper, look.Ink);
     look.TextHeight = text.Style(BodyPoints).Height;
-    DrawContent(paper, review, look);
-    DrawFrame(paper, look);
+    DrawBack(paper, review, TraceAreaWidth, look);
+    DrawContent(paper, review, TraceAreaWidth, look);  // a long lead goes on in further lines: paper has no scroll bar
+    DrawFrame(paper, FrameLeft(review.View), look);
     DrawHeader(text, review, year);
     DrawReportPanels(paper, text, review, look, year);
     DrawFooter(text, review);

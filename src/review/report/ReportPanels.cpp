@@ -1,7 +1,11 @@
 #include "review/report/ReportPanels.h"
 
+#include "analysis/ReportTexts.h"
+#include "core/formats/CodePage.h"
 #include "review/MeasurementPanel.h"
 #include "review/PageTexts.h"
+#include "review/SidePanel.h"
+#include "review/SpectrumPicture.h"
 #include "review/report/Remark.h"
 #include "review/report/ReportPage.h"
 
@@ -14,6 +18,8 @@ constexpr double panelTop = 45.5;       // mm
 constexpr double lineStep = 3.5;        // mm
 constexpr double ruleSpace = 1.5;       // mm above and below a rule
 constexpr double headingHeight = 6;     // mm from the heading of the remark to its first line
+constexpr double tableWidth = 42;       // mm; a value too far from its label is read in the wrong line
+constexpr double markHeight = 4.6;      // mm, of a line of marks
 constexpr double columnBottom = 189.5;  // mm; the signature follows
 
 constexpr Twin remarkHeading{"医生提示", "Doctor Dialosis"};
@@ -24,25 +30,73 @@ Rect RowsFrom(double top, const PaperText& text, const TextStyle& style)
     return {ReportColumnText, top - text.Lead(style), ReportColumnRoom, columnBottom - top};
 }
 
-// Draws the values of the mode; returns how many lines they take.
-std::size_t DrawValues(Surface& page, PaperText& text, const RecordReview& review, int year)
+// Lines of text; returns their height.
+double DrawLines(PaperText& text, const std::vector<std::string>& lines)
 {
-    if (review.View.Mode != ReviewMode::Ecg)
-        return 0;
-    const TextStyle style = text.Style(BodyPoints);
-    if (review.View.Form == EcgForm::Contrast) {
-        const auto lines =
-            ComparisonLines(review.State(), review.File.CompareHeader, review.File.CompareSlotCount, year);
-        for (std::size_t i = 0; i < lines.size(); ++i)
-            text.Write({ReportColumnText, panelTop + static_cast<double>(i) * lineStep}, lines[i], style,
-                       ReportColumnRoom);
-        return lines.size();
+    double y = panelTop;
+    for (const std::string& line : lines) {
+        text.Write({ReportColumnText, y}, line, text.Style(BodyPoints), ReportColumnRoom);
+        y += lineStep;
     }
+    return y - panelTop;
+}
+
+// Lines of a label and a value each, the values against the right edge; returns their height.
+double DrawTable(PaperText& text, const std::vector<std::string>& lines)
+{
+    double y = panelTop;
+    for (const std::string& line : lines) {
+        const PanelRow row = SplitLine(line);
+        text.Write({ReportColumnText, y}, row.Label, text.Style(BodyPoints), ReportColumnRoom);
+        text.WriteRight(ReportColumnText + tableWidth, y, row.Value, text.Style(BodyPoints), tableWidth);
+        y += lineStep;
+    }
+    return y - panelTop;
+}
+
+double DrawMeasurement(Surface& page, PaperText& text, const RecordReview& review)
+{
+    const TextStyle style = text.Style(BodyPoints);
     const auto rows = MeasurementRows(review.Result, review.View.AnalysisLead);
     text.Write({ReportColumnText, panelTop}, ComplexHeading(review.Result, review.View.AnalysisLead),
                text.Style(BodyPoints, true), ReportColumnRoom);
     DrawPanelRows(page, RowsFrom(panelTop + lineStep, text, style), lineStep, rows, style);
-    return 1 + rows.size();
+    return static_cast<double>(1 + rows.size()) * lineStep;
+}
+
+double DrawSpectrum(Surface& page, PaperText& text, const RecordReview& review)
+{
+    const std::string note = SpectrumNote(review);
+    const double noteHeight = note.empty() ? 0 : DrawLines(text, RemarkLines(GbkFromUtf8(note)));
+    if (review.View.Spectrum != SpectrumLayout::DoubleLead || review.Spectrum.Length == 0)
+        return noteHeight;
+    TextStyle style = text.Style(BodyPoints);
+    style.Height = std::min(style.Height, markHeight);
+    const double top = panelTop + noteHeight;
+    return noteHeight + DrawSpectrumMarks(page, {ReportColumnText, top - text.Lead(style)}, review.Spectrum, style);
+}
+
+// Draws the values of the mode; returns the height that they take.
+double DrawValues(Surface& page, PaperText& text, const RecordReview& review, int year)
+{
+    switch (review.View.Mode) {
+    case ReviewMode::Ecg:
+        if (review.View.Form == EcgForm::Contrast)
+            return DrawLines(
+                text, ComparisonLines(review.State(), review.File.CompareHeader, review.File.CompareSlotCount, year));
+        return DrawMeasurement(page, text, review);
+    case ReviewMode::Spectrum:
+        return DrawSpectrum(page, text, review);
+    case ReviewMode::QtDispersion: {
+        const auto lines = texts::QtLines(review.Qt);
+        return DrawTable(text, {lines.begin(), lines.end()});
+    }
+    case ReviewMode::Variability:
+        return DrawTable(text, texts::HrvLines(review.File.EcgBlock, review.State().Chinese()));
+    case ReviewMode::Pacing:
+        return 0;
+    }
+    return 0;
 }
 
 // All lines have one size, that of the widest. More lines than the column has room for stand closer together, so that the
@@ -65,9 +119,9 @@ void DrawRemark(PaperText& text, double top, const std::vector<std::string>& lin
 void DrawReportPanels(Surface& page, PaperText& text, const RecordReview& review, const PageLook& look, int year)
 {
     const SharedState& state = review.State();
-    const std::size_t lines = DrawValues(page, text, review, year);
-    double y = panelTop + static_cast<double>(lines) * lineStep + ruleSpace;
-    if (lines > 0)
+    const double height = DrawValues(page, text, review, year);
+    double y = panelTop + height + ruleSpace;
+    if (height > 0)
         page.Line({ReportColumn, y}, {ReportWidth, y}, look.Frame);
     y += ruleSpace;
     text.Write({ReportColumnText, y}, remarkHeading.In(state.SysInfo), text.Style(BodyPoints, true), ReportColumnRoom);

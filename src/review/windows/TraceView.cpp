@@ -109,7 +109,7 @@ void TraceView::DrawBack()
     const PageLook look = ScreenLook(review_.State(), review_.View.DisplayScale);
     picBack_->Fill({0, 0, picBack_->Width(), picBack_->Height()}, look.Paper);
     PageSurface page(*picBack_, review_.View.DisplayScale, CornerMm());
-    DrawTraceGrid(page, TraceWidth(review_, OneLine), look);
+    ecg::DrawBack(page, review_, OneLine, look);
 }
 
 void TraceView::DrawFore()
@@ -119,7 +119,7 @@ void TraceView::DrawFore()
     picFore_->Copy(*picBack_, {0, 0, picBack_->Width(), picBack_->Height()}, {0, 0});
     const PageLook look = ScreenLook(review_.State(), review_.View.DisplayScale);
     PageSurface page(*picFore_, review_.View.DisplayScale, CornerMm());
-    DrawTraces(page, review_, OneLine, look);
+    DrawFront(page, review_, OneLine, look);
     DrawRule(page, review_, look);
     foreIsOld_ = false;
 }
@@ -154,7 +154,7 @@ void TraceView::mousePressEvent(QMouseEvent* event)
         OnMenu(event->globalPosition().toPoint());
     if (event->button() != Qt::LeftButton)
         return;
-    if (review_.View.Rule.On) {
+    if (review_.View.Rule.On && HasTraces(review_.View.Mode)) {
         review_.View.Rule.Begin(ToMm(event->position()));
         RedrawTraces();
         return;

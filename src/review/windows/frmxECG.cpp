@@ -25,9 +25,8 @@
 namespace ecg {
 namespace {
 
-constexpr int pickingMode = 2;      // of `PatWindowMode`: a record is chosen for comparison
-constexpr int reviewEvents = 6;     // of `EventMode`: the events of a record in review
-constexpr int knowledgeCode = 255;  // of `HelpContext`
+constexpr int pickingMode = 2;   // of `PatWindowMode`: a record is chosen for comparison
+constexpr int reviewEvents = 6;  // of `EventMode`: the events of a record in review
 constexpr const char* noComparison = "Cancel";
 constexpr int smallestDisplayScale = 3;  // pixels a mm
 
@@ -172,7 +171,7 @@ void frmxECG::ChooseLongLead(std::size_t which, std::size_t lead)
 
 void frmxECG::SelectBeat(std::size_t beat)
 {
-    Changed(review_.SelectBeat(beat));
+    Moved(review_.SelectBeat(beat));
 }
 
 void frmxECG::StepBeat(int step)
@@ -187,7 +186,7 @@ void frmxECG::Step(double mm)
     const std::int32_t samples = ecg::SamplesInView(std::fabs(mm), review_.Scale().Speed);
     const std::int32_t last = StartOfScroll(ScrollRange, review_.File.SlotCount, review_.SamplesInView());
     const std::int32_t start = state_.BlockStart + (mm < 0 ? -samples : samples);
-    Changed(review_.MoveTo(std::min(start, std::max(last, state_.BlockStart))));
+    Moved(review_.MoveTo(std::min(start, std::max(last, state_.BlockStart))));
 }
 
 void frmxECG::SwitchRule(bool on)
@@ -202,14 +201,14 @@ void frmxECG::OpenEvents()
 {
     const std::int32_t before = state_.BlockStart;
     state_.EventMode = reviewEvents;
-    OpenWindow(WindowName::frmNote, state_.HelpContext);
+    OpenWindow(WindowName::frmNote);
     FollowBlockStart(before);
 }
 
 void frmxECG::OpenTrend()
 {
     const std::int32_t before = state_.BlockStart;
-    OpenWindow(WindowName::frmRate, state_.HelpContext);
+    OpenWindow(WindowName::frmRate);
     FollowBlockStart(before);
 }
 
@@ -217,12 +216,17 @@ void frmxECG::OpenTrend()
 void frmxECG::FollowBlockStart(std::int32_t before)
 {
     const std::int32_t start = std::exchange(state_.BlockStart, before);
-    Changed(start == before || review_.MoveTo(start));
+    Moved(start == before || review_.MoveTo(start));
 }
 
-void frmxECG::OpenWindow(WindowName window, int context)
+void frmxECG::OpenHelp(WindowName window, int context)
 {
     state_.HelpContext = context;
+    OpenWindow(window);
+}
+
+void frmxECG::OpenWindow(WindowName window)
+{
     state_.ReviewMode = static_cast<int>(review_.View.Mode);
     if (!windows_.ShowBlocking(window))
         Tell(labels::NotInThisVersion);
@@ -235,9 +239,17 @@ void frmxECG::Changed(bool read)
         Tell(recordLost);
 }
 
+void frmxECG::Moved(bool read)
+{
+    ShowPlace();
+    ShowBeat();
+    if (!read)
+        Tell(recordLost);
+}
+
 void frmxECG::FlagChanged(bool done)
 {
-    ShowView();
+    ShowBeat();
     if (!done)
         Tell(flagRefused);
 }
@@ -248,6 +260,13 @@ void frmxECG::ShowView()
     ShowScrollBars();
     ShowPlace();
     PicFore_->RedrawAll();
+    Picture1_->update();
+}
+
+// The same grid with other traces or marks on it.
+void frmxECG::ShowBeat()
+{
+    PicFore_->RedrawTraces();
     Picture1_->update();
 }
 
@@ -291,7 +310,7 @@ void frmxECG::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Escape:
         return review_.View.Rule.On ? SwitchRule(false) : Exit();
     case Qt::Key_F1:
-        return OpenWindow(WindowName::frmZSK, knowledgeCode);
+        return OpenHelp(WindowName::frmResult, HelpCode);
     case Qt::Key_PageUp:
         return Step(-view);
     case Qt::Key_PageDown:
@@ -301,9 +320,9 @@ void frmxECG::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Right:
         return beats ? StepBeat(1) : Step(second);
     case Qt::Key_Home:
-        return Changed(review_.ScrollTo(0));
+        return Moved(review_.ScrollTo(0));
     case Qt::Key_End:
-        return Changed(review_.ScrollTo(ScrollRange));
+        return Moved(review_.ScrollTo(ScrollRange));
     default:
         QWidget::keyPressEvent(event);
     }

@@ -9,8 +9,8 @@
 //   └ HScroll2: place in a picture wider than the window ───┴─────────────┴ Command4 ─┘
 //
 // Controls:
-//   KeyPic     0 saves the analysis and leaves (Escape), 1 knowledge, 2 help
-//   Command1   review modes; 0 opens ECG_Menu, 1 opens FECG_Menu
+//   KeyPic     0 saves the analysis and leaves (Escape), 1 knowledge, 2 help (F1)
+//   Command1   review modes; 0 opens ECG_Menu, 1 opens FECG_Menu with DFTLead1 and DFTLead2
 //   Command2   0 opens DispMenu, 1 diagnosis, 2 print, 3 events, 4 rate trend
 //   Command3   posts the record to the transfer program
 //   Command4   exports picture and text
@@ -107,12 +107,18 @@ private:
     void SwitchRule(bool on);
     void OpenEvents();
     void OpenTrend();
-    void OpenWindow(WindowName window, int context);
+    // Codes of `HelpContext`.
+    static constexpr int KnowledgeCode = 255;
+    static constexpr int HelpCode = 254;
+    void OpenHelp(WindowName window, int context);
+    void OpenWindow(WindowName window);
     void FollowBlockStart(std::int32_t before);
 
     void Changed(bool read);      // after a change of the view: shows it, or says that it could not be read
+    void Moved(bool read);        // after a change of place or beat alone
     void FlagChanged(bool done);  // after a correction of flags
     void ShowView();
+    void ShowBeat();
     void ShowPlace();
     void ShowScrollBars();
     void Tell(const Twin& text);
@@ -142,6 +148,7 @@ private:
     QPushButton* LeadKey_ = nullptr;
     QMenu* ECG_Menu_ = nullptr;
     QMenu* FECG_Menu_ = nullptr;
+    std::array<QMenu*, 2> DFTLead_{};
     QMenu* DispMenu_ = nullptr;
     QMenu* DispScale_ = nullptr;
     QMenu* SpdMenu_ = nullptr;

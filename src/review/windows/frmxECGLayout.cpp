@@ -22,8 +22,8 @@ namespace {
 
 constexpr int designWidth = 1024;  // pixels
 constexpr int designHeight = 720;  // pixels
-constexpr int panelWidth = 160;    // pixels
-constexpr int toolsWidth = 144;    // pixels
+constexpr int panelWidth = 168;    // pixels
+constexpr int toolsWidth = 136;    // pixels
 constexpr int keySize = 44;        // pixels
 
 constexpr std::array<Twin, 3> keyTips{{{"退出系统", "Exit System"},
@@ -108,11 +108,9 @@ QHBoxLayout* frmxECG::MakeKeys()
 {
     constexpr std::array<const char*, 3> released{"101", "105", "103"};
     constexpr std::array<const char*, 3> pressed{"102", "106", "104"};
-    constexpr int knowledgeCode = 255;
-    constexpr int helpCode = 254;
     const std::array<std::function<void()>, 3> actions{[this] { Exit(); },
-                                                       [this] { OpenWindow(WindowName::frmZSK, knowledgeCode); },
-                                                       [this] { OpenWindow(WindowName::frmResult, helpCode); }};
+                                                       [this] { OpenHelp(WindowName::frmZSK, KnowledgeCode); },
+                                                       [this] { OpenHelp(WindowName::frmResult, HelpCode); }};
     auto* row = new QHBoxLayout;
     row->setSpacing((toolsWidth - 3 * keySize) / 2);
     for (std::size_t i = 0; i < KeyPic_.size(); ++i) {
@@ -183,8 +181,7 @@ void frmxECG::MakeCommands(QVBoxLayout& column)
         column.addWidget(Command2_[i]);
     }
     Command2_[0]->setMenu(DispMenu_);
-    connect(Command2_[1], &QPushButton::clicked, this,
-            [this] { OpenWindow(WindowName::frmResultBox, state_.HelpContext); });
+    connect(Command2_[1], &QPushButton::clicked, this, [this] { OpenWindow(WindowName::frmResultBox); });
     connect(Command2_[2], &QPushButton::clicked, this, [this] { OnPrint(); });
     connect(Command2_[3], &QPushButton::clicked, this, [this] { OpenEvents(); });
     connect(Command2_[4], &QPushButton::clicked, this, [this] { OpenTrend(); });
@@ -206,9 +203,6 @@ void frmxECG::ShowCommands()
     };
     offer(KeyPic_[1], false);
     offer(KeyPic_[2], false);
-    offer(Command1_[1], false);
-    offer(Command1_[2], false);
-    offer(Command1_[3], false);
     offer(Command2_[1], false);
     offer(Command2_[2], OnPrint != nullptr);
     offer(Command3_, OnPost != nullptr);
@@ -218,7 +212,7 @@ void frmxECG::ShowCommands()
 void frmxECG::ConnectView()
 {
     constexpr double wheelMm = 25;  // of paper for a step of the wheel
-    connect(HScroll1_, &QScrollBar::valueChanged, this, [this](int value) { Changed(review_.ScrollTo(value)); });
+    connect(HScroll1_, &QScrollBar::valueChanged, this, [this](int value) { Moved(review_.ScrollTo(value)); });
     connect(HScroll2_, &QScrollBar::valueChanged, this, [this](int x) {
         PicFore_->SetOffset({x, PicFore_->Offset().y()});
     });

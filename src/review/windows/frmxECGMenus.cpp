@@ -1,4 +1,5 @@
 // The menus of the review window.
+#include "analysis/ReportTexts.h"
 #include "core/Labels.h"
 #include "platform/qt/Controls.h"
 #include "review/TraceDrawing.h"
@@ -16,6 +17,9 @@ namespace {
 
 constexpr std::array<Twin, 2> spectrumForms{{{"双导联频谱分析", "Double Lead Frequency Spectrum Analysis"},
                                              {"12导联频谱图", "12 Lead Frequency Spectrum Diagram"}}};
+constexpr std::array<SpectrumLayout, 2> spectrumLayouts{SpectrumLayout::DoubleLead, SpectrumLayout::TwelveLeads};
+constexpr std::array<Twin, 2> dftLeads{texts::InputLead, texts::OutputLead};
+constexpr std::array<const char*, 2> dftLeadNames{"DFTLead1", "DFTLead2"};
 constexpr std::array<Twin, 3> displayScales{
     {{"小比例", "Small Scale"}, {"中比例", "Medium Scale"}, {"大比例", "Large Scale"}}};
 constexpr std::array<Twin, 2> longLeads{{{"第一长导联", "First Long Lead"}, {"第二长导联", "Second Long Lead"}}};
@@ -90,7 +94,13 @@ void frmxECG::MakeFormMenus()
     ECG_Menu_ = MakeChoices("ECG_Menu", reviewtexts::ReportTitles[0], Texts(reviewtexts::Forms, chinese),
                             [this](std::size_t i) { SetForm(static_cast<EcgForm>(i)); });
     FECG_Menu_ = MakeChoices("FECG_Menu", reviewtexts::ReportTitles[1], Texts(spectrumForms, chinese),
-                             [this](std::size_t) { SetMode(ReviewMode::Spectrum); });
+                             [this](std::size_t i) { Changed(review_.SetSpectrum(spectrumLayouts[i])); });
+    FECG_Menu_->addSeparator();
+    for (std::size_t which = 0; which < DFTLead_.size(); ++which) {
+        DFTLead_[which] = MakeChoices(dftLeadNames[which], dftLeads[which], LeadNames(),
+                                      [this, which](std::size_t lead) { Changed(review_.SetDftLead(which, lead)); });
+        FECG_Menu_->addMenu(DFTLead_[which]);
+    }
 }
 
 void frmxECG::MakeDisplayMenu()
@@ -163,6 +173,9 @@ void frmxECG::CheckMenus()
     const std::size_t speedIndex = ReviewSpeedIndex(state_.CurrentHeader);
     const std::size_t gainIndex = ReviewGainIndex(state_.CurrentHeader);
     Check(ECG_Menu_, static_cast<std::size_t>(view.Form));
+    Check(FECG_Menu_, view.Spectrum == spectrumLayouts[0] ? 0 : 1);
+    for (std::size_t which = 0; which < DFTLead_.size(); ++which)
+        Check(DFTLead_[which], review_.Spectrum.DftLeads[which]);
     Check(DispScale_, static_cast<std::size_t>(view.DisplayScale - 3));
     Check(SpdMenu_, speedIndex);
     Check(AmpMenu_, gainIndex);

@@ -155,6 +155,21 @@ TEST_F(ReportPage, ShowsWhatBelongsToTheForm)
     EXPECT_EQ(TextAt(222, 48.5), "医生提示");
 }
 
+TEST_F(ReportPage, HasTheValuesOfTheModeAndSaysWhenTheyAreNotOfTheView)
+{
+    Open(ChineseLanguage);
+    record_.Review.SetMode(ReviewMode::QtDispersion);
+    Draw();
+    EXPECT_EQ(TextAt(222, 45.5), "MaxQT：");
+    EXPECT_EQ(TextAt(222, 70), "MaxQTcd：");
+    EXPECT_TRUE(RuleAt(75));
+
+    record_.Review.SetSpectrum(SpectrumLayout::DoubleLead);
+    Draw();
+    EXPECT_TRUE(TextAt(222, 45.5).starts_with("此处没有 4 秒以上的连续心搏"));
+    EXPECT_TRUE(HasPoint(-2, 0)) << "the frame beside the degrees";
+}
+
 TEST_F(ReportPage, KeepsTheLongestRemarkAboveTheSignature)
 {
     Open(ChineseLanguage);

@@ -75,6 +75,12 @@ TEST_F(ReviewWindowTest, ChangesFormModeScaleGainAndSpeed)
     EXPECT_EQ(Review.Scale().Speed * 1000 + Review.Scale().Gain, 100005);
     EXPECT_EQ(Find<QPushButton>(window, "SpdKey").text(), "100mm/s");
     EXPECT_EQ(Review.SamplesInView(), 550);
+    for (const char* key : {"Command1_2", "Command1_3"})
+        Click(window, key);
+    EXPECT_EQ(Review.View.Mode, ReviewMode::Variability);
+    Trigger("DFTLead1_6");
+    EXPECT_EQ(Review.View.Mode, ReviewMode::Spectrum);
+    EXPECT_EQ(Review.Spectrum.DftLeads[0], lead::V1);
     Click(window, "Command2_2");
     EXPECT_EQ(printed_, 1);
     EXPECT_FALSE(Find<QPushButton>(window, "Command4").isEnabled()) << "nothing is there to export";
@@ -228,7 +234,7 @@ const std::vector<Twin> captions{
     {"心率趋势图", "Heart Rate Trend"}, {"小比例", "Small Scale"}, {"电子尺", "Electric Rule"},
     {"图形恢复到初始位置", "Picture to Initial Position"}, {"12*1对照格式", "12*1 Contrast Form"},
     {"双导联频谱分析", "Double Lead Frequency Spectrum Analysis"}, {"增加R波标记", "Add a R-Wave Flag"},
-    {"删除R波标记", "Delete R-Wave Flag"}};
+    {"删除R波标记", "Delete R-Wave Flag"}, {"输入导联", "Input Lead"}};
 // clang-format on
 
 TEST_F(ReviewWindowTest, SpeaksBothLanguages)
