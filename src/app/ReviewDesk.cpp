@@ -14,9 +14,10 @@ constexpr Twin noPrinter{"没有可用的打印机，请安装打印机后再使
 constexpr Twin notPrinted{"报告没有打印完成。请检查打印机的电源、连接和纸张。",
                           "The report could not be printed. Check the printer's power, connection and paper."};
 constexpr Twin exported{"图形和文本已经输出。", "The picture and the text were exported."};
-constexpr Twin noFolder{"没有输出。请在程序文件夹的 FileDir.txt 第一行写上输出文件夹。",
-                        "Nothing was exported. The first line of FileDir.txt in the program's folder must name the folder "
-                        "to export to."};
+constexpr Twin noFolder{
+    "没有输出。请在程序文件夹的 FileDir.txt 第一行写上输出文件夹。",
+    "Nothing was exported. The first line of FileDir.txt in the program's folder must name the folder "
+    "to export to."};
 constexpr Twin notExported{"没有全部输出。请检查输出文件夹、磁盘空间和权限。",
                            "Not everything was exported. Check the folder, the free space and the permissions."};
 constexpr Twin posted{"记录已经放入信箱，等待传送。", "The record was posted and waits to be sent."};

@@ -34,7 +34,7 @@ TEST_F(KeyPanelTest, ExitSavesTheSettingsAndStopsEverything)
     ASSERT_TRUE(ReadSettings(State.SettingsFile(), stored));
     EXPECT_EQ(stored.GainIndex, 2);
     EXPECT_THAT(Port.Written, ElementsAre(StopCommand));
-    EXPECT_THAT(Windows.Closed, ElementsAre(WindowName::frmPat));
+    EXPECT_THAT(Windows.Closed, ElementsAre(WindowName::frmxECG, WindowName::frmPat));
     EXPECT_TRUE(View.Closed && !Port.IsOpen());
     EXPECT_THAT(Messages.Shown, IsEmpty());
     std::filesystem::remove_all(State.Folders.Data);

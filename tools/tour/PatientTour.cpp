@@ -115,6 +115,29 @@ void PlaySearch(TourDriver& tour, QWidget& database, const QString& language)
     });
 }
 
+// The record that is selected in the database, in review: its modes, and a page of it as a file.
+void PlayReview(TourDriver& tour, QWidget& database, const QString& language)
+{
+    tour.Click(database, "FunKey_5");
+    tour.Wait(300);
+    QWidget& review = tour.Window("frmxECG");
+    tour.Picture(review, "review-ecg-" + language);
+    for (const auto& [key, mode] :
+         {std::pair("Command1_2", "qt"), std::pair("Command1_3", "variability"), std::pair("Command1_4", "pacing")}) {
+        tour.Click(review, key);
+        tour.Wait(200);
+        tour.Picture(review, QString("review-%1-%2").arg(mode, language));
+    }
+    tour.InWindow(
+        "frmRate", [&] { tour.Click(review, "Command2_4"); },
+        [&](QWidget& trend) {
+            tour.Picture(trend, "trend-" + language);
+            tour.Click(trend, "Command1_0");
+        });
+    tour.Click(review, "KeyPic_0");
+    tour.Check(!review.isVisible(), "the review closes");
+}
+
 }  // namespace
 
 void PlayDoubleExamination(TourDriver& tour, Workstation& workstation, const QString& language)
@@ -146,6 +169,7 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     const auto& rows = *tour.Find<QTableView>(database, "PatientTab").model();
     const int before = rows.rowCount();
     tour.Picture(database, "database-" + language);
+    PlayReview(tour, database, language);
 
     tour.InWindow(
         "frmPatInput", [&] { tour.Click(database, "FunKey_0"); },
