@@ -75,8 +75,7 @@ void DrawBack(Surface& page, const RecordReview& review, double longestLine, con
 
 void DrawFront(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
-    const SharedState& state = review.State();
-    const bool chinese = state.Chinese();
+    const bool chinese = review.State().Chinese();
     if (HasTraces(review.View.Mode))
         DrawTraces(page, review, longestLine, look);
     if (review.View.Mode == ReviewMode::QtDispersion)
@@ -87,9 +86,15 @@ void DrawFront(Surface& page, const RecordReview& review, double longestLine, co
         DrawDoubleLead(page, review.Spectrum, chinese, look);
     else if (review.View.Mode == ReviewMode::Spectrum)
         DrawTwelveSpectra(page, review.Spectrum, look);
-    page.Text({0, BottomLineTop},
-              BottomLine(state.CurrentHeader, review.File.SlotCount, chinese) + ExamTimeText(state.CurrentHeader),
-              {look.TextHeight, look.Ink});
+}
+
+void DrawBottomLine(Surface& page, const RecordReview& review, double right, const PageLook& look)
+{
+    const SharedState& state = review.State();
+    const TextStyle style{look.TextHeight, look.Ink};
+    const std::string time = ExamTimeText(state.CurrentHeader);
+    page.Text({0, BottomLineTop}, BottomLine(state.CurrentHeader, review.File.SlotCount, state.Chinese()), style);
+    page.Text({right - page.TextWidth(time, style), BottomLineTop}, time, style);
 }
 
 void DrawRule(Surface& page, const RecordReview& review, const PageLook& look)

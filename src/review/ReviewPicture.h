@@ -19,9 +19,11 @@ double TraceWidth(const RecordReview& review, double longestLine);
 // What stands behind: the grid that the mode wants, and the edge of the area. The page must be blank paper.
 void DrawBack(Surface& page, const RecordReview& review, double longestLine, const PageLook& look);
 
-// What stands in front, by mode: traces with their names, the lines of the measured beat and events, or the mode's plots;
-// and the bottom line.
+// What stands in front, by mode: traces with their names, the lines of the measured beat and events, or the mode's plots.
 void DrawFront(Surface& page, const RecordReview& review, double longestLine, const PageLook& look);
+
+// How the record was taken, below the traces, and when, ending at `right` mm.
+void DrawBottomLine(Surface& page, const RecordReview& review, double right, const PageLook& look);
 
 // The line of the rule with its readings.
 void DrawRule(Surface& page, const RecordReview& review, const PageLook& look);

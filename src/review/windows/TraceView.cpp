@@ -120,6 +120,7 @@ void TraceView::DrawFore()
     const PageLook look = ScreenLook(review_.State(), review_.View.DisplayScale);
     PageSurface page(*picFore_, review_.View.DisplayScale, CornerMm());
     DrawFront(page, review_, OneLine, look);
+    DrawBottomLine(page, review_, TraceAreaWidth, look);
     DrawRule(page, review_, look);
     foreIsOld_ = false;
 }
