@@ -1,7 +1,11 @@
 // Any bytes as a record file, under review: whatever a view, a centre and a saved analysis say, the reader stays inside the
 // file, and a beat gives the same bits each time it is measured.
 #include "analysis/AboutResult.h"
+#include "analysis/Diagnose.h"
+#include "analysis/HeartRateVariability.h"
+#include "analysis/QtDispersion.h"
 #include "analysis/SavedAnalysis.h"
+#include "analysis/Spectrum.h"
 #include "fuzz/Require.h"
 #include "support/FileBytes.h"
 #include "support/TemporaryDataFolder.h"
@@ -71,6 +75,23 @@ public:
         Require(SameBits(once, Beat(control_.CenterSlot)), "a beat gives the same bits again");
     }
 
+    // Every statistic of the view and of its beat.
+    void ComputeStatistics()
+    {
+        BeatResult beat = Beat(control_.CenterSlot);
+        ComputeQtStats(beat);
+        DiagramOfQt(beat.Params);
+        DiagnosticStatements(beat.Params, control_.Frank);
+        SpectrumResult spectrum;
+        for (const auto layout : {SpectrumLayout::TwelveLeads, SpectrumLayout::DoubleLead}) {
+            const bool done = AnalyseSpectrum(file_, layout, beat.Params.HeartRate, spectrum);
+            Require(!done || (spectrum.Length >= ShortestSpectrum && spectrum.Length <= LongestSpectrum),
+                    "a spectrum is of whole cycles");
+        }
+        ReadRRSeries(file_);
+        ComputeHrvStats(file_.EcgBlock);
+    }
+
     // Whatever the header keeps as an analysis.
     void TakeUp()
     {
@@ -110,6 +131,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ecg::fuzz::Review review(folder.Paths(), control);
     review.ReadEverything();
     review.MeasureBeats();
+    review.ComputeStatistics();
     review.TakeUp();
     ecg::fuzz::Require(ecg::FileBytes(file) == bytes, "looking changes nothing");
     return 0;

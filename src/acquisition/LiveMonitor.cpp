@@ -33,6 +33,7 @@ LiveMonitor::LiveMonitor(SharedState& state, SerialPort& port, Clock& clock, Mes
       messages_(messages),
       view_(view),
       link_(state, port, clock),
+      mailbox_(state, messages),
       decoder_(*this),
       path_(state, *this),
       display_(state.SysInfo, view),
@@ -240,6 +241,14 @@ void LiveMonitor::OnSecond()
     const bool silent = streaming_ && clock_.Milliseconds() - lastBytesMs_ > silenceMs;
     if (boxLost_ || silent)
         TryReconnect();
+}
+
+// A message lies over the main window and takes its keys, the one that ends the sampling among them; and a slow disk would
+// hold up the frames. The mail loses nothing by waiting in its file until the record is closed.
+void LiveMonitor::OnMailboxTick()
+{
+    if (state_.ExamState != ExamState::Sampling)
+        mailbox_.Poll();
 }
 
 // The demonstration never takes the place of a box that was there: nobody may take its ECG for the patient's.

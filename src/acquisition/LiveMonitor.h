@@ -12,6 +12,7 @@
 #include "acquisition/FramePath.h"
 #include "acquisition/LiveDisplay.h"
 #include "acquisition/MainView.h"
+#include "core/Mailbox.h"
 #include "platform/MessageBox.h"
 
 namespace ecg {
@@ -72,6 +73,9 @@ public:
     // Once a second: takes up again a box that was unplugged or fell silent.
     void OnSecond();
 
+    // Once a second: a record that has come back in the mailbox is told of, but never into a running sampling.
+    void OnMailboxTick();
+
 private:
     void OnSerialReceive();
     void OnPortLost();
@@ -104,6 +108,7 @@ private:
     MessageBox& messages_;
     MainView& view_;
     DeviceLink link_;
+    Mailbox mailbox_;
     RunningExamination* examination_ = nullptr;
     FrameDecoder decoder_;
     FramePath path_;

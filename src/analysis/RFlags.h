@@ -2,7 +2,7 @@
 //
 // A flag is bit 15 of word 0, set while the record was made or by the doctor's hand. Bits 12 to 14 beside it should be
 // 0. Where they are not, the beat is in doubt, and the two kinds of work differ: what shows and measures beats passes it
-// over, what counts intervals takes it.
+// over, and so does the rate trend, which shows them too; what makes statistics of intervals takes it.
 #pragma once
 
 #include "core/formats/RecordSample.h"
@@ -13,8 +13,8 @@
 namespace ecg {
 
 enum class FlagKind {
-    Clean,  // bit 15 alone: markers, delineation
-    Any     // bit 15, whatever stands beside it: spectrum, variability, rate trend
+    Clean,  // bit 15 alone: markers, delineation, rate trend
+    Any     // bit 15, whatever stands beside it: spectrum, variability
 };
 
 inline bool HasRFlag(const RecordSample& sample, FlagKind kind)

@@ -1,5 +1,6 @@
 // The live ECG as a whole, from the port or the demonstration file to what the window shows.
 #include "acquisition/MonitorFixture.h"
+#include "support/FileBytes.h"
 
 namespace ecg {
 namespace {
@@ -139,6 +140,17 @@ TEST_F(LiveMonitorTest, TakesUpABoxThatWasUnpluggedAndNeverPutsTheDemonstrationI
                                           CommandBytes(21, {1, 4, 12})));
     Box.Stream(level, 1U << 2);
     EXPECT_TRUE(View.ElectrodeOff[2]) << "the stream is read with the new key";
+}
+
+TEST_F(LiveMonitorTest, ARecordThatComesBackWaitsForTheEndOfASampling)
+{
+    const CommRecord mail{.CommState = 2, .CommFile = {}, .CommParams = {}, .CommHospital = {}};
+    ReplaceFile(Folder.File("Comm.dat"), std::as_bytes(std::span(&mail, 1)));
+    for (const auto state : {ExamState::Sampling, ExamState::Waiting}) {
+        State.ExamState = state;
+        Monitor.OnMailboxTick();
+        EXPECT_EQ(FileBytes(Folder.File("Comm.dat"))[0], state == ExamState::Sampling ? 2 : 0);
+    }
 }
 
 TEST_F(LiveMonitorTest, ShowsTheFilterStatesThatTheBoxReports)

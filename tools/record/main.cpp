@@ -1,6 +1,7 @@
 // ecg-record: works on stored records without the workstation. See README.md, or --help.
 #include "record/ImportCommand.h"
 #include "record/MeasureCommand.h"
+#include "record/PlotBeat.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -16,6 +17,7 @@ constexpr int exitUsage = 2;
 constexpr const char* help =
     R"(ecg-record import HEADER.hea DATA_FOLDER [--patient NO] [--system W|F]
 ecg-record measure RECORD [--start SLOT] [--beat K] [--all]
+ecg-record plot RECORD [--start SLOT] [--beat K]
 
 import
 Makes a WFDB recording a record of the data folder, as if the amplifier box had sent it: a finished
@@ -32,6 +34,9 @@ samples long. A record whose name ends in .F has Frank leads.
   --start SLOT   where the view begins (300, the first sample)
   --beat K       which of the beats in the view, from 0 on (1)
   --all          every beat of the record instead, a line for each, in the middle of its own view
+
+plot
+Prints a picture (SVG) of that beat in each lead with the lines of P (green), QRS (blue) and T (red).
 )";
 
 // Reasons quote what was read, which may be anything.
@@ -67,6 +72,18 @@ int Measure(std::span<const std::string> words)
     return beats ? 0 : Complain(beats.Reason(), exitFailure);
 }
 
+int Plot(std::span<const std::string> words)
+{
+    const auto options = ParseMeasure(words);
+    if (!options || options->All)
+        return Complain((options ? "plot takes one beat" : options.Reason()) + "; see ecg-record --help", exitUsage);
+    const auto picture = PlotBeat(*options);
+    if (!picture)
+        return Complain(picture.Reason(), exitFailure);
+    std::printf("%s", picture->c_str());
+    return 0;
+}
+
 int Main(const std::vector<std::string>& words)
 {
     if (words.empty())
@@ -79,6 +96,8 @@ int Main(const std::vector<std::string>& words)
         return Import(std::span(words).subspan(1));
     if (words[0] == "measure")
         return Measure(std::span(words).subspan(1));
+    if (words[0] == "plot")
+        return Plot(std::span(words).subspan(1));
     return Complain("unknown command " + words[0] + "; see ecg-record --help", exitUsage);
 }
 

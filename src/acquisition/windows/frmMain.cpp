@@ -105,6 +105,7 @@ void frmMain::MakeTimers()
     });
     connect(timer_[3], &QTimer::timeout, this, [this] { monitor_->OnDemoTick(); });
     connect(timer_[4], &QTimer::timeout, this, [this] { MoveTicker(); });
+    connect(timer_[5], &QTimer::timeout, this, [this] { monitor_->OnMailboxTick(); });
     connect(timer_[6], &QTimer::timeout, this, [this] { monitor_->OnRecoveryTick(); });
     timer_[1]->start();
     timer_[2]->start();

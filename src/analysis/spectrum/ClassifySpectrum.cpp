@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <vector>
 
 namespace ecg {
@@ -80,8 +81,9 @@ void ClassifySpectrum(SpectrumGroup group, int heartRate, SpectrumResult& result
     marks[mark::U] = SpacedUnevenly(harmonics);
     marks[mark::N] = perMinute > fasterThanHeart * heartRate;
     marks[mark::APlus] = first.Magnitude > high && second > high;
-    marks[mark::AMinus] = std::any_of(harmonics.begin() + std::min(fifth, harmonics.size()), harmonics.end(),
-                                      [&](const Harmonic& h) { return h.Magnitude > first.Magnitude; });
+    const auto upper = std::span(harmonics).subspan(std::min(fifth, harmonics.size()));
+    marks[mark::AMinus] =
+        std::any_of(upper.begin(), upper.end(), [&](const Harmonic& h) { return h.Magnitude > first.Magnitude; });
 }
 
 void ClassifyTransfer(SpectrumResult& result)

@@ -108,7 +108,7 @@ TEST_F(MainWindow, TheSelectorsSetWhatTheyName)
     EXPECT_EQ(LabelOf(Window, "Label3_13"), "5") << "no chest electrodes in Frank";
 }
 
-TEST_F(MainWindow, ItsTimersMoveTheClockTheDemonstrationAndTheLight)
+TEST_F(MainWindow, ItsTimersMoveTheClockTheDemonstrationAndTheLightAndLookIntoTheMailbox)
 {
     Show();
     for (const auto& [number, ms] : {std::pair{1, 1000}, {2, 200}, {3, 10}, {4, 200}, {5, 1000}, {6, 50}}) {
@@ -126,6 +126,8 @@ TEST_F(MainWindow, ItsTimersMoveTheClockTheDemonstrationAndTheLight)
     Window.EnableTimer(MainTimer::HeartLight, true);
     EXPECT_TRUE(QTest::qWaitFor([this] { return PixelOf("Picture1", 2, 16) == QColor(190, 199, 152); }));
     EXPECT_FALSE(Find<QTimer>(Window, "Timer2").isActive());
+    Window.EnableTimer(MainTimer::Mailbox, true);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return std::filesystem::exists(Folder.File("Comm.dat")); }));
 }
 
 TEST_F(MainWindow, ShowsAMissingElectrodeAndItsReturnAndABoxThatIsLost)
