@@ -15,8 +15,8 @@ constexpr double pulseRise = 2;
 constexpr double pulseFall = 5;
 constexpr double pulseEnd = 7;
 
-constexpr double nameIndent = 1;  // mm from the edge of a band
-constexpr double nameDrop = 0.5;  // mm from the zero line down to the name
+constexpr double nameSpace = 0.5;  // mm between a name and the edge of a band
+constexpr double nameDrop = 0.5;   // mm from the zero line down to the name
 
 constexpr double markerHeight = 5;  // mm
 constexpr double markerLift = 7;    // mm from the zero line up to the middle of a marker
@@ -26,6 +26,17 @@ constexpr double secondsPerSlot = 1.0 / FramesPerSecond;
 double PulseAt(double x, double gain)
 {
     return x >= pulseRise && x < pulseFall ? gain : 0;
+}
+
+// In the margin beside the zero line, or below it at the beginning of the trace where there is none.
+void DrawName(Surface& page, const Band& band, const Strip& strip, const PageLook& look)
+{
+    const TextStyle style{look.TextHeight, look.Ink, true};
+    const char* name = labels::Leads[strip.Lead];
+    const bool beside = band.Left == 0 && look.Margin > 0;
+    page.Text(beside ? Point{-nameSpace - page.TextWidth(name, style), strip.Top - look.TextHeight / 2}
+                     : Point{nameSpace + band.Left, strip.Top + nameDrop},
+              name, style);
 }
 
 const Strip* StripOf(const StripLayout& layout, std::size_t lead)
@@ -58,8 +69,7 @@ void DrawStrip(Surface& page, const Band& band, const Strip& strip, std::span<co
     page.SetPenWidth(look.TracePen);
     if (points.size() > 1)
         page.Polyline(points, look.Ink);
-    page.Text({band.Left + nameIndent, strip.Top + nameDrop}, labels::Leads[strip.Lead],
-              {look.TextHeight, look.Ink, true});
+    DrawName(page, band, strip, look);
 }
 
 std::optional<double> PlaceOfSlot(const Band& band, std::int32_t slot, std::int32_t blockStart, double speed)
