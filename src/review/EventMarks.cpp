@@ -45,7 +45,7 @@ void DrawMark(Surface& page, const Band& band, double x, const std::string& word
     const double reach = arrowSize / 2 + wordSpace + page.TextWidth(words, style);
     const bool leftwards = x + reach > band.Left + band.Width && x - reach >= band.Left;
     const double left = leftwards ? x - reach : x - arrowSize / 2;
-    const double y = places.Take({left, band.Top - look.TopRoom, reach + arrowSize / 2, look.TextHeight});
+    const double y = places.Take({left, band.Top - look.Margin, reach + arrowSize / 2, look.TextHeight});
     const double arrowDrop = (look.TextHeight - arrowSize) / 2;
     page.Picture(arrowPicture, {x - arrowSize / 2, y + arrowDrop, arrowSize, arrowSize});
     page.Text({leftwards ? left : x + arrowSize / 2 + wordSpace, y}, words, style);

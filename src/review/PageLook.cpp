@@ -10,7 +10,7 @@ constexpr double paperText = 4;          // mm
 constexpr double paperGridPen = 0.1;     // mm
 constexpr double paperTracePen = 0.2;    // mm
 
-constexpr double screenTopRoom = 7;  // mm; paper has no margin there
+constexpr double screenMargin = 7;  // mm; paper has none
 
 GridColours PrintGrid(const SharedState& state)
 {
@@ -37,7 +37,7 @@ PageLook ScreenLook(const SharedState& state, int displayScale)
     look.TracePen = pixel;
     look.TextHeight = screenTextPixels * pixel;
     look.PointsPerMm = displayScale;
-    look.TopRoom = screenTopRoom;
+    look.Margin = screenMargin;
     return look;
 }
 

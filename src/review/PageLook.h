@@ -16,7 +16,7 @@ struct PageLook {
     double GridPen = 0;      // mm
     double TracePen = 0;     // mm
     double TextHeight = 0;   // mm, of a line of text
-    double TopRoom = 0;      // mm of margin above the trace area that can be written on
+    double Margin = 0;       // mm above and left of the trace area that can be written on
     double PointsPerMm = 0;  // of a trace
 };
 

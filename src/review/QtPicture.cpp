@@ -41,7 +41,7 @@ void DrawQtDiagram(Surface& page, const MeasuredParams& params, bool chinese, co
 {
     const QtDiagram diagram = DiagramOfQt(params);
     const TextStyle style{look.TextHeight, look.Ink};
-    page.Text({baseLine, -look.TopRoom}, texts::QtDiagramTitle.In(chinese), {look.TextHeight, look.Ink, true});
+    page.Text({baseLine, -look.Margin}, texts::QtDiagramTitle.In(chinese), {look.TextHeight, look.Ink, true});
     for (std::size_t lead = 0; lead < WilsonLeadCount; ++lead) {
         const QtDiagram::Bar& bar = diagram.Bars[lead];
         page.Fill({baseLine, BarTop(lead), bar.LengthMm, barWidth}, bar.StandsOut ? red : green);
