@@ -6,6 +6,7 @@
 #include "core/formats/RecordHeader.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -99,14 +100,14 @@ Bytes RecordSeed()
 }
 
 // Two beats, the second one in the middle, the first sample on view; Wilson or Frank leads.
-Bytes ReviewSeed(std::uint8_t frank)
+Bytes ReviewSeed(std::uint8_t kind)
 {
     struct Control {
         Int32 CenterSlot{300 + knownFirstBeat + knownInterval};
         Int32 BlockStart{300};
     };
     Bytes bytes = BytesOf(Control{});
-    bytes.push_back(frank);
+    bytes.push_back(kind);
     const Bytes header = BytesOf(RecordHeader{});
     bytes.insert(bytes.end(), header.begin(), header.end());
     bytes.resize(bytes.size() + 4);
@@ -141,8 +142,11 @@ bool WriteImportSeeds(const std::filesystem::path& folder)
 
 bool WriteSeeds(const std::filesystem::path& folder)
 {
-    return Write(folder / "analysis/wilson", ReviewSeed(0)) && Write(folder / "analysis/frank", ReviewSeed(1)) &&
-           Write(folder / "decoder/wilson", StreamSeed(0x5A, 0, 15)) &&
+    constexpr std::array<std::uint8_t, 5> kinds{0, 1, 2, 4, 6};  // each statistic once
+    for (const std::uint8_t kind : kinds)
+        if (!Write(folder / ("analysis/" + std::to_string(kind)), ReviewSeed(kind)))
+            return false;
+    return Write(folder / "decoder/wilson", StreamSeed(0x5A, 0, 15)) &&
            Write(folder / "decoder/frank", StreamSeed(0xC3, 1, 0)) && Write(folder / "decoder/beat", BeatSeed()) &&
            WriteImportSeeds(folder / "import") && Write(folder / "patients/patients", PatientsSeed()) &&
            Write(folder / "record/record", RecordSeed()) && Write(folder / "settings/factory", SettingsSeed()) &&

@@ -85,7 +85,7 @@ TEST_F(MainWindow, AKeyActsOnItsReleaseByMouseAndByKeyboard)
     QTest::keyClick(&Window, Qt::Key_F1);
     EXPECT_EQ(Windows.Opened, std::vector{WindowName::frmZSK});
     Window.close();
-    EXPECT_EQ(Windows.Closed, std::vector{WindowName::frmPat}) << "closing the window is the exit key";
+    EXPECT_EQ(Windows.Closed, (std::vector{WindowName::frmxECG, WindowName::frmPat})) << "closing is the exit key";
     EXPECT_FALSE(Window.isVisible());
 }
 
