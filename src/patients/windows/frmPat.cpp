@@ -314,6 +314,9 @@ void frmPat::closeEvent(QCloseEvent* event)
     }
     browser_.Leave();
     event->accept();
+    // Not every window system gives the front back by itself, and the trace waits for it.
+    if (parentWidget() != nullptr)
+        parentWidget()->activateWindow();
 }
 
 void frmPat::keyPressEvent(QKeyEvent* event)

@@ -109,6 +109,9 @@ void frmxECG::closeEvent(QCloseEvent* event)
         return;
     }
     event->accept();
+    // Not every window system gives the front back by itself, and the trace waits for it.
+    if (parentWidget() != nullptr)
+        parentWidget()->activateWindow();
     if (OnClosed)
         OnClosed();
 }
