@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 using SteadyClock = std::chrono::steady_clock;
 
 constexpr std::array kinds{"enter", "change", "renumber", "merge", "remove", "unrecord", "quick", "sampling", "finish"};
-constexpr auto longestRound = 60s;
+constexpr auto longestRound = 200s;
 constexpr double partAtChanges = 0.7;  // of the kills come just before a change of the disk, the others at any time
 constexpr int patientsAtFirst = 500;   // so that compaction and lists have something to do
 

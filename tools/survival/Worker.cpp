@@ -253,14 +253,16 @@ void Worker::Finish(const std::string& patient)
     constexpr int longestMs = 120000;  // of 20 seconds, on a machine with much else to do
     const SharedState& state = workstation_.State();
     const bool toTheLimit = state.SysInfo.SystemControlTime == 1 && Random(0, 39) == 0;
+    bool told = false;  // the message is over again when the wait for it goes on
     const auto finish = [&] {
         Begin({"finish", patient});
         if (toTheLimit)
-            tour_.WaitUntil([&] { return QApplication::activeModalWidget() != nullptr; }, longestMs);
+            tour_.WaitUntil([&] { return told || QApplication::activeModalWidget() != nullptr; }, longestMs);
         else
             tour_.Click(workstation_.MainWindow(), "KeyPic_16");
     };
     tour_.InWindow("frmMsg", finish, [&](QWidget& message) {
+        told = true;
         const auto file = state.Folders.File(state.RecordPath);
         if (!state.MsgLines[4].empty() || file.parent_path().filename() != patient)
             Stop("the record is not whole, or not the patient's");
