@@ -106,10 +106,12 @@ void WindowSet::RunEvents(QWidget* behind)
 
 bool WindowSet::Show(WindowName window)
 {
-    if (window == WindowName::frmxECG)
+    if (window == WindowName::frmxECG) {
         review_.Open(parent_);
+        return true;
+    }
     if (window != WindowName::frmPat)
-        return window == WindowName::frmxECG;
+        return false;
     // The start-up opens the database once, so that the patients are there; its window shows when it is asked for.
     if (patients_.Activated())
         OpenDatabase();

@@ -179,14 +179,24 @@ TEST_P(RecordingOnTheLine, ShowsTheHeartRateOfTheRecording)
 INSTANTIATE_TEST_SUITE_P(Recordings, RecordingOnTheLine, testing::Values("s0010_re.hea", "100.hea"),
                          [](const auto& test) { return QString(test.param).section('.', 0, 0).toStdString(); });
 
-TEST_F(WorkstationTest, AQuickExaminationRecordsWhatTheBoxSendsToTheBit)
+// A patient whose heart is a public recording, on a line that is faster than a real one.
+class ExaminationOnTheLine : public WorkstationTest {
+protected:
+    void SetUp() override
+    {
+        if (!std::filesystem::exists(Header))
+            GTEST_SKIP() << Header << " is not there";
+        Source = LoadFrameSource(Header);
+    }
+
+    const std::filesystem::path Header = std::filesystem::path(ECG_SHARED_DATA) / "s0010_re.hea";
+    Outcome<FrameSource> Source = FrameSource{};
+};
+
+TEST_F(ExaminationOnTheLine, AQuickExaminationRecordsWhatTheBoxSendsToTheBit)
 {
-    const std::filesystem::path header = std::filesystem::path(ECG_SHARED_DATA) / "s0010_re.hea";
-    if (!std::filesystem::exists(header))
-        GTEST_SKIP() << header << " is not there";
-    const auto source = LoadFrameSource(header);
-    ASSERT_TRUE(source) << source.Reason();
-    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header, .Speed = 8});
+    ASSERT_TRUE(Source) << Source.Reason();
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = Header, .Speed = 8});
     Workstation workstation(Folder.Paths().Program);
     ASSERT_TRUE(Start(workstation));
     ASSERT_TRUE(QTest::qWaitFor([&] { return ShownRate(workstation) > 0; }, 15000)) << "the signal has settled";
@@ -198,7 +208,7 @@ TEST_F(WorkstationTest, AQuickExaminationRecordsWhatTheBoxSendsToTheBit)
     EXPECT_TRUE(names[0].ends_with(".W")) << names[0];
     const std::string record = FileBytes(folder / names[0]);
     ASSERT_EQ(record.size(), 164784U);
-    EXPECT_TRUE(IsStretchOf(source->Wilson, SampledFrames(record))) << "no frame lost, doubled or changed";
+    EXPECT_TRUE(IsStretchOf(Source->Wilson, SampledFrames(record))) << "no frame lost, doubled or changed";
 
     RecordHeader head;
     std::memcpy(&head, record.data(), sizeof head);
@@ -212,14 +222,10 @@ TEST_F(WorkstationTest, AQuickExaminationRecordsWhatTheBoxSendsToTheBit)
     EXPECT_EQ(FileBytes(Folder.File("Patient.lib")).substr(0, 9), "RUVO00000");
 }
 
-TEST_F(WorkstationTest, AStandardExaminationRecordsBothLeadSystemsOfANewPatient)
+TEST_F(ExaminationOnTheLine, AStandardExaminationRecordsBothLeadSystemsOfANewPatient)
 {
-    const std::filesystem::path header = std::filesystem::path(ECG_SHARED_DATA) / "s0010_re.hea";
-    if (!std::filesystem::exists(header))
-        GTEST_SKIP() << header << " is not there";
-    const auto source = LoadFrameSource(header);
-    ASSERT_TRUE(source) << source.Reason();
-    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = header, .Speed = 8});
+    ASSERT_TRUE(Source) << Source.Reason();
+    const BoxSimulator box({.Link = Folder.Paths().Program / "ports" / "com2", .Source = Header, .Speed = 8});
     Workstation workstation(Folder.Paths().Program);
     ASSERT_TRUE(Start(workstation));
     int ends = 0;
@@ -250,8 +256,8 @@ TEST_F(WorkstationTest, AStandardExaminationRecordsBothLeadSystemsOfANewPatient)
     ASSERT_EQ(wilson.size(), 4784U + 2000 * 16);
     ASSERT_EQ(frank.size(), 4784U + 1500 * 16);
     EXPECT_TRUE(names[0].ends_with(".W") && names[1].ends_with(".F"));
-    EXPECT_TRUE(IsStretchOf(source->Wilson, SampledFrames(wilson)));
-    EXPECT_TRUE(IsStretchOf(source->Frank, SampledFrames(frank)));
+    EXPECT_TRUE(IsStretchOf(Source->Wilson, SampledFrames(wilson)));
+    EXPECT_TRUE(IsStretchOf(Source->Frank, SampledFrames(frank)));
     for (const std::string& record : {wilson, frank}) {
         RecordHeader head;
         std::memcpy(&head, record.data(), sizeof head);

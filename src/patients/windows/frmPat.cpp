@@ -19,9 +19,6 @@
 namespace ecg {
 namespace {
 
-constexpr int addMode = 0;  // of `PatInputMode`
-constexpr int modifyMode = 1;
-
 constexpr Twin windowTitleText{"患者数据库", "Patient Database"};
 constexpr Twin noMatch{"没有满足检索条件的患者。", "No patient matches the search."};
 
@@ -97,8 +94,8 @@ void frmPat::ConnectGrids()
     RecTab_->View().OnMenu = [this](const QPoint& place) { RecMenu_->popup(place); };
     RecTab_->View().OnDelete = [this] { Menu2_[0]->trigger(); };
     RecTab_->View().OnOpen = [this] { Menu2_[1]->trigger(); };
-    connect(Menu1_[0], &QAction::triggered, this, [this] { EditPatient(addMode); });
-    connect(Menu1_[1], &QAction::triggered, this, [this] { EditPatient(modifyMode); });
+    connect(Menu1_[0], &QAction::triggered, this, [this] { EditPatient(EntryMode::Add); });
+    connect(Menu1_[1], &QAction::triggered, this, [this] { EditPatient(EntryMode::Modify); });
     connect(Menu1_[2], &QAction::triggered, this, [this] { DeletePatients(); });
     connect(Menu1_[3], &QAction::triggered, this, [this] { SearchPatients(); });
     connect(Menu2_[0], &QAction::triggered, this, [this] { DeleteRecords(); });
@@ -182,9 +179,9 @@ void frmPat::SortRecords(int header)
     ShowCommands();
 }
 
-void frmPat::EditPatient(int mode)
+void frmPat::EditPatient(EntryMode mode)
 {
-    state_.PatInputMode = mode;
+    state_.PatInputMode = static_cast<int>(mode);
     windows_.ShowBlocking(WindowName::frmPatInput);
     ShowPatients();
     ChoosePatient(database_.SelectedRow());

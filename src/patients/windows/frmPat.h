@@ -20,6 +20,7 @@
 #include "core/SharedState.h"
 #include "core/WindowOpener.h"
 #include "patients/PatientBrowser.h"
+#include "patients/PatientEntry.h"
 #include "patients/windows/GridModels.h"
 #include "platform/MessageBox.h"
 #include "platform/qt/Pictures.h"
@@ -71,7 +72,7 @@ private:
     void SortPatients(int header);
     void SortRecords(int header);
 
-    void EditPatient(int mode);
+    void EditPatient(EntryMode mode);
     void DeletePatients();
     void SearchPatients();
     void DeleteRecords();
