@@ -61,6 +61,7 @@ ReviewDesk::ReviewDesk(SharedState& state, WindowOpener& windows, MessageBox& me
 void ReviewDesk::Open(QWidget* parent)
 {
     Close();
+    delete window_;
     window_ = new frmxECG(state_, review_, windows_, messages_, clock_, pictures_, parent);
     window_->OnPrint = [this] { Print(); };
     window_->OnExport = [this] { Export(); };
@@ -78,11 +79,13 @@ void ReviewDesk::Open(QWidget* parent)
 
 void ReviewDesk::Close()
 {
-    if (!window_)
-        return;
-    window_->close();
-    window_->deleteLater();
-    window_.clear();
+    if (window_)
+        window_->Leave();
+}
+
+bool ReviewDesk::IsOpen() const
+{
+    return window_ && window_->isVisible();
 }
 
 void ReviewDesk::Print()

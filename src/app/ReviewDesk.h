@@ -26,6 +26,7 @@ public:
     // that cannot be reviewed is told of.
     void Open(QWidget* parent);
     void Close();
+    bool IsOpen() const;
 
     RecordReview& Record() { return review_; }
 

@@ -76,24 +76,27 @@ void PlayEvent(TourDriver& tour, QWidget& window, const QString& language)
         });
 }
 
-// From the key to the window that tells of the record.
+// From the key to the window that shows the record, which is left again.
 void PlaySampling(TourDriver& tour, Workstation& workstation, const QString& name,
                   const std::function<void()>& meanwhile)
 {
     QWidget& window = workstation.MainWindow();
+    const SharedState& state = workstation.State();
+    const bool wilson = LeadSystemOf(state.SysInfo) == LeadSystem::Wilson;
+    bool finished = false;
     const auto sample = [&] {
         tour.Click(window, "KeyPic_16");
         tour.Wait(3000);
         meanwhile();
         tour.Wait(3000);
         tour.Picture(window, name);
-        tour.WaitUntil([] { return QApplication::activeModalWidget() != nullptr; }, examinationMs);
+        tour.WaitUntil([&finished] { return finished; }, examinationMs);
     };
-    tour.InWindow("frmMsg", sample, [&](QWidget& message) {
-        tour.Picture(message, name + "-finished");
-        tour.Click(message, "Command1_0");
+    tour.InWindow(wilson ? "frmxECG" : "frmMsg", sample, [&](QWidget& record) {
+        tour.Picture(record, name + "-finished");
+        finished = true;
+        tour.Click(record, wilson ? "KeyPic_0" : "Command1_0");
     });
-    const SharedState& state = workstation.State();
     std::error_code error;
     tour.Check(std::filesystem::file_size(state.Folders.File(state.RecordPath), error) == tenSecondsBytes,
                QString("the record holds 10 seconds: ") + QString::fromStdString(state.RecordPath));
