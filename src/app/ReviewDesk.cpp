@@ -3,7 +3,6 @@
 #include "core/Labels.h"
 #include "platform/qt/BusyCursor.h"
 #include "platform/qt/QtPrinter.h"
-#include "review/report/ExportReport.h"
 #include "review/report/PrintReport.h"
 #include "review/windows/frmxECG.h"
 
@@ -102,9 +101,7 @@ void ReviewDesk::Export()
     auto* view = window_ ? window_->findChild<QWidget*>("PicFore") : nullptr;
     if (view == nullptr)
         return;
-    const BusyCursor busy;
-    WindowExporter exporter(*view, pictures_);
-    switch (ExportReport(review_, exporter, clock_.Now().Year)) {
+    switch (ExportFrom(*view)) {
     case ReportExport::Exported:
         return Tell(exported);
     case ReportExport::NoFolder:
@@ -112,6 +109,13 @@ void ReviewDesk::Export()
     case ReportExport::Failed:
         return Tell(notExported);
     }
+}
+
+ReportExport ReviewDesk::ExportFrom(QWidget& view)
+{
+    const BusyCursor busy;
+    WindowExporter exporter(view, pictures_);
+    return ExportReport(review_, exporter, clock_.Now().Year);
 }
 
 void ReviewDesk::Post()

@@ -9,6 +9,7 @@
 #include "platform/Printer.h"
 #include "platform/qt/Pictures.h"
 #include "review/RecordReview.h"
+#include "review/report/ExportReport.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -33,6 +34,7 @@ public:
 private:
     void Print();
     void Export();
+    ReportExport ExportFrom(QWidget& view);
     void Post();
     void Tell(const Twin& text);
 
