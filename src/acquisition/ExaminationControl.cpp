@@ -191,7 +191,7 @@ void ExaminationControl::LimitReached()
 void ExaminationControl::StopSampling()
 {
     monitor_.StopFeed();
-    state_.ExamState = ExamState::Waiting;
+    Enter(ExamState::Waiting);
 }
 
 void ExaminationControl::CloseRecord()
