@@ -95,13 +95,19 @@ public:
               style);
     }
 
-    void WriteAtTrace(const Strip& strip, std::span<const Point> trace, double left)
+    // Behind the calibration mark, below its foot where the trace leaves no room, or under the traces.
+    void WriteAtTrace(const Strip& strip, std::span<const Point> trace, double bandLeft, double mark)
     {
         const TextStyle style{look_.TextHeight, look_.Ink, true};
         const double width = page_.TextWidth(labels::Leads[strip.Lead], style) + 2 * clearance;
         const double height = capitalHeight * style.Height + 2 * clearance;
+        double left = bandLeft + mark + indent;
         const double wanted = LevelOf(trace, left, left + width, strip.Top) - height;
         auto top = NearestFree(Taken(left, left + width), height, wanted);
+        if (const double foot = bandLeft + std::clamp(mark - width, 0.0, indent); !top && mark > 0) {
+            top = NearestFree(Taken(foot, foot + width), height, strip.Top);
+            left = top ? foot : left;
+        }
         if (!top)
             top = NearestFree(TakenByWords(left, left + width), height, wanted).value_or(wanted);
         page_.Fill({left, *top, width, height}, look_.Paper);
@@ -152,7 +158,7 @@ void DrawLeadNames(Surface& page, const StripLayout& layout, std::span<const std
         if (look.Margin > 0 && band.Left == 0)
             writer.WriteInMargin(strip);
         else
-            writer.WriteAtTrace(strip, traces[i], band.Left + mark + indent);
+            writer.WriteAtTrace(strip, traces[i], band.Left, mark);
     }
 }
 

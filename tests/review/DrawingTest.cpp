@@ -109,6 +109,14 @@ TEST(LeadNames, StandInTheMarginOrWhereNoTraceRuns)
     ASSERT_EQ(screen.Fills.size(), 2U) << "clear places in the trace area only";
     EXPECT_NEAR(screen.Fills[1].Area.Y + screen.Fills[1].Area.Height, 58.5, 1e-9);
 
+    // A trace that takes all the room leaves that below the foot of the mark.
+    for (std::size_t i = 10; i < 14; ++i)
+        traces[2][i].Y = i % 2 == 0 ? 0 : 100;
+    screen.Forget();
+    DrawLeadNames(screen, layout, traces, {}, true, look);
+    EXPECT_NEAR(screen.Texts[2].At.X, 110 + 1 + 0.4, 1e-9);
+    EXPECT_NEAR(screen.Texts[2].At.Y, 50 + 0.4 - 0.8, 1e-9);
+
     look.Margin = 0;
     RecordingSurface paper(297, 210);
     DrawLeadNames(paper, layout, traces, {{0, 40, 110, 10}}, false, look);
