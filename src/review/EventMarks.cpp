@@ -6,12 +6,10 @@
 #include "review/TraceDrawing.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace ecg {
 namespace {
 
-constexpr const char* arrowPicture = "event-arrow";
 constexpr double arrowSize = 4;  // mm
 constexpr double wordSpace = 1;  // mm between arrow and words
 
@@ -35,6 +33,8 @@ public:
         return area.Y;
     }
 
+    const std::vector<Rect>& Taken() const { return taken_; }
+
 private:
     std::vector<Rect> taken_;
 };
@@ -45,9 +45,11 @@ void DrawMark(Surface& page, const Band& band, double x, const std::string& word
     const double reach = arrowSize / 2 + wordSpace + page.TextWidth(words, style);
     const bool leftwards = x + reach > band.Left + band.Width && x - reach >= band.Left;
     const double left = leftwards ? x - reach : x - arrowSize / 2;
-    const double y = places.Take({left, band.Top - look.Margin, reach + arrowSize / 2, look.TextHeight});
+    const double width = reach + arrowSize / 2;
+    const double y = places.Take({left, band.Top - look.Margin, width, look.TextHeight});
+    page.Fill({left, y, width, look.TextHeight}, look.Paper);
     const double arrowDrop = (look.TextHeight - arrowSize) / 2;
-    page.Picture(arrowPicture, {x - arrowSize / 2, y + arrowDrop, arrowSize, arrowSize});
+    page.Picture(look.EventArrow, {x - arrowSize / 2, y + arrowDrop, arrowSize, arrowSize});
     page.Text({leftwards ? left : x + arrowSize / 2 + wordSpace, y}, words, style);
 }
 
@@ -72,8 +74,8 @@ std::string TimeOfSlot(const RecordHeader& header, std::int32_t slot)
     return EventClock(LaidOutTime(header.ExamTime.Text()), slot - static_cast<std::int32_t>(FirstSampleSlot));
 }
 
-void DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header, std::int32_t blockStart,
-                    double speed, bool chinese, const PageLook& look)
+std::vector<Rect> DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header,
+                                 std::int32_t blockStart, double speed, bool chinese, const PageLook& look)
 {
     Places places;
     for (std::size_t i = 0; i < header.EventPos.size(); ++i) {
@@ -89,6 +91,7 @@ void DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader
             break;
         }
     }
+    return places.Taken();
 }
 
 }  // namespace ecg

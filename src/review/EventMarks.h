@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ecg {
 
@@ -20,8 +21,8 @@ std::string ExamTimeText(const RecordHeader& header);
 std::string WrittenTime(std::string_view digits);
 
 // Draws the marks at the top of the first band in which each event lies. A mark that would stand on another's words stands
-// below them.
-void DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header, std::int32_t blockStart,
-                    double speed, bool chinese, const PageLook& look);
+// below them. Returns the places that they take.
+std::vector<Rect> DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header,
+                                 std::int32_t blockStart, double speed, bool chinese, const PageLook& look);
 
 }  // namespace ecg

@@ -52,4 +52,12 @@ PageLook PaperLook(const SharedState& state, double speed)
     return look;
 }
 
+TextStyle FittedText(const Surface& surface, std::string_view text, TextStyle style, double room)
+{
+    const double width = surface.TextWidth(text, style);
+    if (width > room)
+        style.Height *= room / width;
+    return style;
+}
+
 }  // namespace ecg

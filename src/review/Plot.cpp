@@ -73,7 +73,8 @@ void Plot::DrawAxes(const std::string& title) const
         page_.Line({area_.X - tickLength, y}, {area_.X, y}, look_.Frame);
     }
     DrawNumbers();
-    page_.Text({area_.X + tickLength, area_.Y - look_.TextHeight}, title, {look_.TextHeight, look_.Ink, true});
+    const TextStyle bold = FittedText(page_, title, {look_.TextHeight, look_.Ink, true}, area_.Width);
+    page_.Text({area_.X + tickLength, area_.Y - bold.Height}, title, bold);
 }
 
 // The last number below, with its unit, does not reach far beyond the axis: another plot may stand there, or the page end.

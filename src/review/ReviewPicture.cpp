@@ -2,6 +2,7 @@
 
 #include "review/EventMarks.h"
 #include "review/HrvPicture.h"
+#include "review/LeadNames.h"
 #include "review/PageTexts.h"
 #include "review/QtPicture.h"
 #include "review/SpectrumPicture.h"
@@ -9,6 +10,8 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
 namespace ecg {
 namespace {
@@ -37,6 +40,20 @@ double TraceGridWidth(const RecordReview& review, double areaWidth)
     return review.View.Mode == ReviewMode::QtDispersion ? ViewWidth(review.View) : areaWidth;
 }
 
+std::vector<std::vector<Point>> TracesOf(const RecordReview& review, const StripLayout& layout, double pointsPerMm)
+{
+    std::vector<std::vector<Point>> traces;
+    for (const Strip& strip : layout.Strips) {
+        const Band& band = layout.Bands[strip.Band];
+        const ViewSamples samples = band.Comparison ? review.Comparison() : review.Samples();
+        const bool calibrationMark = review.View.CalibrationMark && band.First == 0;  // not where a long lead goes on
+        traces.push_back(
+            TracePoints(band, strip, samples.Of(strip.Lead), review.Scale(), calibrationMark, pointsPerMm));
+    }
+    return traces;
+}
+
+// Words lie on clear places under the traces, so that no signal is ever hidden.
 void DrawTraces(Surface& page, const RecordReview& review, double longestLine, const PageLook& look)
 {
     const StripLayout layout = review.Layout(longestLine);
@@ -48,13 +65,12 @@ void DrawTraces(Surface& page, const RecordReview& review, double longestLine, c
     for (const Band& band : layout.Bands)
         if (band.Comparison)  // another heart begins here
             page.Line({band.Left, band.Top}, {band.Left, band.Bottom}, look.Frame);
-    for (const Strip& strip : layout.Strips) {
-        const Band& band = layout.Bands[strip.Band];
-        const ViewSamples samples = band.Comparison ? review.Comparison() : review.Samples();
-        const bool calibrationMark = review.View.CalibrationMark && band.First == 0;  // not where a long lead goes on
-        DrawStrip(page, band, strip, samples.Of(strip.Lead), scale, calibrationMark, look);
-    }
-    DrawEventMarks(page, layout, state.CurrentHeader, state.BlockStart, scale.Speed, state.Chinese(), look);
+    const auto traces = TracesOf(review, layout, look.PointsPerMm);
+    auto events =
+        DrawEventMarks(page, layout, state.CurrentHeader, state.BlockStart, scale.Speed, state.Chinese(), look);
+    DrawLeadNames(page, layout, traces, std::move(events), review.View.CalibrationMark, look);
+    for (const auto& trace : traces)
+        DrawTrace(page, trace, look);
 }
 
 }  // namespace

@@ -1,11 +1,10 @@
 #include "review/TraceDrawing.h"
 
-#include "core/Labels.h"
 #include "core/Numbers.h"
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <utility>
 
 namespace ecg {
 namespace {
@@ -13,10 +12,6 @@ namespace {
 // The calibration mark, in mm from the left edge.
 constexpr double pulseRise = 2;
 constexpr double pulseFall = 5;
-constexpr double pulseEnd = 7;
-
-constexpr double nameIndent = 1;  // mm from the edge of a band
-constexpr double nameLift = 0.5;  // mm from the zero line up to the line of the name, whose letters begin below it
 
 constexpr double markerHeight = 5;  // mm
 constexpr double markerLift = 7;    // mm from the zero line up to the middle of a marker
@@ -26,6 +21,23 @@ constexpr double secondsPerSlot = 1.0 / FramesPerSecond;
 double PulseAt(double x, double gain)
 {
     return x >= pulseRise && x < pulseFall ? gain : 0;
+}
+
+// `end` of a piece of trace, or the point where the piece from `other` to it leaves the trace area.
+Point Cut(Point end, Point other)
+{
+    const double y = std::clamp(end.Y, 0.0, TraceAreaHeight);
+    if (y == end.Y)
+        return end;
+    return {other.X + (end.X - other.X) * (y - other.Y) / (end.Y - other.Y), y};
+}
+
+// The part of a piece of trace that lies in the trace area.
+std::optional<std::pair<Point, Point>> Inside(Point from, Point to)
+{
+    if (std::max(from.Y, to.Y) < 0 || std::min(from.Y, to.Y) > TraceAreaHeight)
+        return std::nullopt;
+    return std::pair(Cut(from, to), Cut(to, from));
 }
 
 const Strip* StripOf(const StripLayout& layout, std::size_t lead)
@@ -39,27 +51,46 @@ const Strip* StripOf(const StripLayout& layout, std::size_t lead)
 
 }  // namespace
 
-void DrawStrip(Surface& page, const Band& band, const Strip& strip, std::span<const std::int16_t> samples,
-               const ViewScale& scale, bool calibrationMark, const PageLook& look)
+std::vector<Point> TracePoints(const Band& band, const Strip& strip, std::span<const std::int16_t> samples,
+                               const ViewScale& scale, bool calibrationMark, double pointsPerMm)
 {
-    const int count = RoundToInt(band.Width * look.PointsPerMm);
-    const double step = FramesPerSecond / (look.PointsPerMm * scale.Speed);
+    const int count = RoundToInt(band.Width * pointsPerMm);
+    const double step = FramesPerSecond / (pointsPerMm * scale.Speed);
     const double mmPerCount = scale.Gain / CountsPerMv;
     std::vector<Point> points;
     points.reserve(static_cast<std::size_t>(std::max(count, 0)));
     for (int p = 0; p < count; ++p) {
         const auto sample = static_cast<std::size_t>(RoundToInt(p * step + band.First));
-        const double x = p / look.PointsPerMm;
+        const double x = p / pointsPerMm;
         if (sample >= samples.size())
             break;
-        const double height = calibrationMark && x < pulseEnd ? PulseAt(x, scale.Gain) : samples[sample] * mmPerCount;
+        const bool pulse = calibrationMark && x < CalibrationWidth;
+        const double height = pulse ? PulseAt(x, scale.Gain) : samples[sample] * mmPerCount;
         points.push_back({band.Left + x, strip.Top - height});
     }
+    return points;
+}
+
+void DrawTrace(Surface& page, std::span<const Point> points, const PageLook& look)
+{
     page.SetPenWidth(look.TracePen);
-    if (points.size() > 1)
-        page.Polyline(points, look.Ink);
-    page.Text({band.Left + nameIndent, strip.Top - nameLift}, labels::Leads[strip.Lead],
-              {look.TextHeight, look.Ink, true});
+    std::vector<Point> line;
+    const auto endLine = [&] {
+        if (!line.empty())
+            page.Polyline(line, look.Ink);
+        line.clear();
+    };
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const auto part = Inside(points[i - 1], points[i]);
+        if (!part)
+            continue;
+        if (line.empty())
+            line.push_back(part->first);
+        line.push_back(part->second);
+        if (part->second != points[i])
+            endLine();
+    }
+    endLine();
 }
 
 std::optional<double> PlaceOfSlot(const Band& band, std::int32_t slot, std::int32_t blockStart, double speed)

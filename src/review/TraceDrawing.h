@@ -1,4 +1,4 @@
-// Traces, and what stands on them: lead names, the lines of the measured beat, the places of R flags.
+// Traces, and what stands on them: the lines of the measured beat, the places of R flags.
 #pragma once
 
 #include "analysis/BeatResult.h"
@@ -6,14 +6,21 @@
 #include "review/StripLayout.h"
 
 #include <optional>
+#include <span>
+#include <vector>
 
 namespace ecg {
 
-// Draws the trace of a strip and the name of its lead. Point p of a trace is the sample p / (points a mm) / speed behind
-// the left edge; the trace ends where the record does. With the calibration mark the first 7 mm are not the signal but
-// 1 mV: 2 mm base line, 3 mm raised, 2 mm base line.
-void DrawStrip(Surface& page, const Band& band, const Strip& strip, std::span<const std::int16_t> samples,
-               const ViewScale& scale, bool calibrationMark, const PageLook& look);
+inline constexpr double CalibrationWidth = 7;  // mm
+
+// The trace of a strip, from left to right in mm of the page. Point p is the sample p / `pointsPerMm` / speed behind the left
+// edge; the trace ends where the record does. With the calibration mark the first 7 mm are not the signal but 1 mV: 2 mm
+// base line, 3 mm raised, 2 mm base line.
+std::vector<Point> TracePoints(const Band& band, const Strip& strip, std::span<const std::int16_t> samples,
+                               const ViewScale& scale, bool calibrationMark, double pointsPerMm);
+
+// Draws a trace. What rises above the trace area or falls below it is cut off at the edge.
+void DrawTrace(Surface& page, std::span<const Point> points, const PageLook& look);
 
 // Where slot `slot` lies in a band of the view that begins at `blockStart`, in mm of the page. Nothing when it is outside.
 std::optional<double> PlaceOfSlot(const Band& band, std::int32_t slot, std::int32_t blockStart, double speed);

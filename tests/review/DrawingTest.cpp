@@ -3,7 +3,7 @@
 #include "review/ElectricRule.h"
 #include "review/EventMarks.h"
 #include "review/HrvPicture.h"
-#include "review/PageSurface.h"
+#include "review/LeadNames.h"
 #include "review/Plot.h"
 #include "review/QtPicture.h"
 #include "review/ReviewFixture.h"
@@ -25,18 +25,6 @@ MATCHER(IsNear, "")
     return std::fabs(std::get<0>(arg) - std::get<1>(arg)) < 1e-9;
 }
 
-// The points of the one trace that was drawn.
-std::vector<Point> TraceOf(const RecordingSurface& surface)
-{
-    std::vector<Point> points;
-    for (const auto& line : surface.Lines) {
-        if (points.empty())
-            points.push_back(line.From);
-        points.push_back(line.To);
-    }
-    return points;
-}
-
 std::vector<std::int16_t> Ramp(std::size_t count)
 {
     std::vector<std::int16_t> samples(count);
@@ -54,24 +42,20 @@ PageLook Points(double perMm)
 
 TEST(Trace, TakesTheNearestSampleForEachPixelOfTheScreen)
 {
-    RecordingSurface screen(700, 620);
-    PageSurface page(screen, 3, ScreenCorner);
-    DrawStrip(page, {.Left = 0, .Width = 220}, {.Lead = lead::II, .Top = 50}, Ramp(4400), {10, 25}, false, Points(3));
-    const auto trace = TraceOf(screen);
+    const auto trace =
+        TracePoints({.Left = 0, .Width = 220}, {.Lead = lead::II, .Top = 50}, Ramp(4400), {10, 25}, false, 3);
     ASSERT_EQ(trace.size(), 660U);
     const std::array<int, 4> samples{0, 7, 13, 20};  // 6.67, 13.33 rounded
     for (std::size_t p = 0; p < samples.size(); ++p) {
-        EXPECT_NEAR(trace[p].X, 8 * 3 + static_cast<double>(p), 1e-9);
-        EXPECT_NEAR(trace[p].Y, (50 + 8 - samples[p] * 10 / 226.0) * 3, 1e-9);
+        EXPECT_NEAR(trace[p].X, static_cast<double>(p) / 3, 1e-9);
+        EXPECT_NEAR(trace[p].Y, 50 - samples[p] * 10 / 226.0, 1e-9);
     }
 }
 
 TEST(Trace, HasEverySampleOnPaperAndEndsWithTheRecord)
 {
-    RecordingSurface page(297, 210);
-    DrawStrip(page, {.Left = 110, .Width = 110, .First = 100}, {.Lead = lead::I, .Top = 20}, Ramp(1000), {5, 50}, false,
-              Points(500 / 50.0));
-    const auto trace = TraceOf(page);
+    const auto trace = TracePoints({.Left = 110, .Width = 110, .First = 100}, {.Lead = lead::I, .Top = 20}, Ramp(1000),
+                                   {5, 50}, false, 500 / 50.0);
     ASSERT_EQ(trace.size(), 900U) << "1100 would fill the band";
     EXPECT_NEAR(trace[899].X, 110 + 89.9, 1e-9);
     EXPECT_NEAR(trace[899].Y, 20 - 999 * 5 / 226.0, 1e-9);
@@ -79,14 +63,65 @@ TEST(Trace, HasEverySampleOnPaperAndEndsWithTheRecord)
 
 TEST(Trace, BeginsWithAMillivoltOfThreeMmWhenItIsCalibrated)
 {
-    RecordingSurface page(297, 210);
     const std::vector<std::int16_t> signal(4400, 113);  // half a millivolt
-    DrawStrip(page, {.Left = 0, .Width = 220}, {.Lead = lead::I, .Top = 50}, signal, {20, 25}, true, Points(1));
     std::vector<double> heights;
-    for (const Point& point : TraceOf(page))
+    for (const Point& point :
+         TracePoints({.Left = 0, .Width = 220}, {.Lead = lead::I, .Top = 50}, signal, {20, 25}, true, 1))
         heights.push_back(50 - point.Y);
     heights.resize(9);
     EXPECT_THAT(heights, Pointwise(IsNear(), {0, 0, 20, 20, 20, 0, 0, 10, 10}));
+}
+
+TEST(Trace, IsCutOffWhereItLeavesTheTraceArea)
+{
+    RecordingSurface page(297, 210);
+    const std::array<Point, 6> trace{{{0, 10}, {1, -10}, {2, -5}, {3, 200}, {4, 205}, {5, 185}}};
+    DrawTrace(page, trace, Points(1));
+    std::vector<Point> ends;
+    for (const auto& line : page.Lines)
+        ends.insert(ends.end(), {line.From, line.To});
+    EXPECT_THAT(ends, ElementsAre(Point{0, 10}, Point{0.5, 0}, Point{2 + 5 / 205.0, 0}, Point{2 + 195 / 205.0, 190},
+                                  Point{4.75, 190}, Point{5, 185}));
+}
+
+// Four strips of two columns. V1 begins with a wave of 8 mm upwards, so that its name finds no room above it.
+TEST(LeadNames, StandInTheMarginOrWhereNoTraceRuns)
+{
+    const StripLayout layout{{{.Left = 0, .Width = 110}, {.Left = 110, .Width = 110}},
+                             {{lead::I, 0, 50}, {lead::II, 0, 51}, {lead::V1, 1, 50}, {lead::V2, 1, 58.5}}};
+    std::vector<std::vector<Point>> traces(4);
+    for (std::size_t i = 0; i < traces.size(); ++i)
+        for (int x = 0; x < 110; ++x)
+            traces[i].push_back({layout.Bands[layout.Strips[i].Band].Left + x, layout.Strips[i].Top});
+    traces[2][9].Y = 42;
+    PageLook look;
+    look.TextHeight = 4;  // capitals of 2.48 mm, from 0.8 mm on
+    look.Margin = 7;
+    RecordingSurface screen(297, 210);
+    DrawLeadNames(screen, layout, traces, {}, true, look);
+    ASSERT_EQ(screen.Texts.size(), 4U);
+    EXPECT_NEAR(screen.Texts[0].At.X, -0.7 - 2, 1e-9) << "a letter is 2 mm wide here";
+    EXPECT_NEAR(screen.Texts[0].At.Y, 50 - 0.8 - 1.24, 1e-9);
+    EXPECT_GE(screen.Texts[1].At.Y - screen.Texts[0].At.Y, 2.48) << "not on the other name";
+    EXPECT_NEAR(screen.Texts[2].At.X, 110 + 7 + 1 + 0.4, 1e-9) << "behind the calibration mark";
+    EXPECT_NEAR(screen.Texts[2].At.Y, 50 + 0.4 - 0.8, 1e-9);
+    EXPECT_NEAR(screen.Texts[3].At.Y, 58.5 - 0.4 - 2.48 - 0.8, 1e-9);
+    ASSERT_EQ(screen.Fills.size(), 2U) << "clear places in the trace area only";
+    EXPECT_NEAR(screen.Fills[1].Area.Y + screen.Fills[1].Area.Height, 58.5, 1e-9);
+
+    // A trace that takes all the room leaves that below the foot of the mark.
+    for (std::size_t i = 10; i < 14; ++i)
+        traces[2][i].Y = i % 2 == 0 ? 0 : 100;
+    screen.Forget();
+    DrawLeadNames(screen, layout, traces, {}, true, look);
+    EXPECT_NEAR(screen.Texts[2].At.X, 110 + 1 + 0.4, 1e-9);
+    EXPECT_NEAR(screen.Texts[2].At.Y, 50 + 0.4 - 0.8, 1e-9);
+
+    look.Margin = 0;
+    RecordingSurface paper(297, 210);
+    DrawLeadNames(paper, layout, traces, {{0, 40, 110, 10}}, false, look);
+    EXPECT_NEAR(paper.Texts[0].At.X, 1.4, 1e-9);
+    EXPECT_NEAR(paper.Texts[0].At.Y, 51 + 0.4 - 0.8, 1e-9) << "below what is taken and both traces";
 }
 
 class Layout : public testing::Test {
@@ -207,12 +242,13 @@ TEST(EventMarks, StandAtTheirMomentWithTextAndTime)
     const StripLayout layout{{{.Width = 220, .Bottom = 190}}, {}};
     PageLook look;
     look.TextHeight = 4;
-    DrawEventMarks(page, layout, header, 300, 25, true, look);
+    const auto places = DrawEventMarks(page, layout, header, 300, 25, true, look);
+    ASSERT_EQ(places.size(), 2U);
+    EXPECT_EQ(places[1].Y, 4);
     ASSERT_EQ(page.Texts.size(), 2U);
     EXPECT_EQ(page.Texts[0].Text, "事件：胸闷  时间：2026/03/09 23:59:59");
     EXPECT_EQ(page.Texts[0].At, (Point{25 + 3, 0}));
     EXPECT_NEAR(page.Texts[1].At.X, 27.5 + 3, 1e-9);
-    EXPECT_EQ(page.Texts[1].At.Y, 4);
 }
 
 TEST(QtDiagram, DrawsABarForEachLeadAsLongAsItExceedsTheShortest)

@@ -1,4 +1,4 @@
-// A surface that draws nothing and keeps what is filled, copied, drawn in lines and written, so that a test can read a picture as numbers.
+// A surface that draws nothing and keeps what is filled, copied, drawn in lines, written and pasted, so that a test can read a picture as numbers.
 #pragma once
 
 #include "platform/Printer.h"
@@ -52,7 +52,7 @@ public:
     {
         return static_cast<double>(text.size()) * style.Height / 2;
     }
-    void Picture(std::string_view, const Rect&) override {}
+    void Picture(std::string_view name, const Rect&) override { Pictures.emplace_back(name); }
 
     void Forget()
     {
@@ -60,12 +60,14 @@ public:
         Copies.clear();
         Lines.clear();
         Texts.clear();
+        Pictures.clear();
     }
 
     std::vector<FillOp> Fills;
     std::vector<CopyOp> Copies;
     std::vector<LineOp> Lines;
     std::vector<TextOp> Texts;
+    std::vector<std::string> Pictures;
 
 private:
     double width_;

@@ -1,5 +1,7 @@
 #include "review/report/PaperText.h"
 
+#include "review/PageLook.h"
+
 #include <algorithm>
 
 namespace ecg {
@@ -25,14 +27,6 @@ double PaperText::Lead(const TextStyle& style) const
     return std::max(style.Height * (1 - emOfLine_) / 2, 0.0);
 }
 
-TextStyle PaperText::Fitted(std::string_view text, TextStyle style, double room) const
-{
-    const double width = page_.TextWidth(text, style);
-    if (width > room)
-        style.Height *= room / width;
-    return style;
-}
-
 void PaperText::Write(Point at, std::string_view text, const TextStyle& style, double room)
 {
     Place(at.X, at.Y, text, style, room, 0);
@@ -51,7 +45,7 @@ void PaperText::WriteCentred(double middle, double y, std::string_view text, con
 // `share` of the width stands to the left of `x`.
 void PaperText::Place(double x, double y, std::string_view text, const TextStyle& style, double room, double share)
 {
-    const TextStyle fitted = Fitted(text, style, room);
+    const TextStyle fitted = FittedText(page_, text, style, room);
     page_.Text({x - share * page_.TextWidth(text, fitted), y - Lead(fitted)}, text, fitted);
 }
 

@@ -20,9 +20,6 @@ public:
     // How far the letters of `style` begin below the top of its line; fonts leave room there, some much and some none.
     double Lead(const TextStyle& style) const;
 
-    // `style`, or a smaller one in which `text` takes no more than `room` mm.
-    TextStyle Fitted(std::string_view text, TextStyle style, double room) const;
-
     // Writes one line whose letters begin at `at`, made smaller where `room` mm do not suffice.
     void Write(Point at, std::string_view text, const TextStyle& style, double room);
 

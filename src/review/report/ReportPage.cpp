@@ -82,6 +82,7 @@ void DrawFrame(Surface& page, double left, const PageLook& look)
         {{left, 0}, {ReportWidth, 0}, {ReportWidth, ReportHeight}, {left, ReportHeight}, {left, 0}}};
     page.Polyline(edge, look.Frame);
     page.Line({ReportColumn, 0}, {ReportColumn, ReportHeight}, look.Frame);
+    page.Line({left, TraceAreaHeight}, {ReportColumn, TraceAreaHeight}, look.Frame);
     for (const double y : {headerTop, headerBottom})
         page.Line({ReportColumn, y}, {ReportWidth, y}, look.Frame);
 }
@@ -116,8 +117,10 @@ PageLook ReportLook(const SharedState& state, double speed)
 {
     PageLook look = PaperLook(state, speed);
     look.Frame = look.Ink;
-    if (state.SysInfo.PrintMono == 1)
+    if (state.SysInfo.PrintMono == 1) {
         look.Locate = look.Event = look.Ink;
+        look.EventArrow = "event-arrow-black";
+    }
     return look;
 }
 

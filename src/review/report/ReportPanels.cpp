@@ -101,13 +101,13 @@ double DrawValues(Surface& page, PaperText& text, const RecordReview& review, in
 
 // All lines have one size, that of the widest. More lines than the column has room for stand closer together, so that the
 // last one stays above the signature.
-void DrawRemark(PaperText& text, double top, const std::vector<std::string>& lines)
+void DrawRemark(Surface& page, PaperText& text, double top, const std::vector<std::string>& lines)
 {
     if (lines.empty())
         return;
     TextStyle style = text.Style(BodyPoints);
     for (const std::string& line : lines)
-        style = text.Fitted(line, style, ReportColumnRoom);
+        style = FittedText(page, line, style, ReportColumnRoom);
     const double step = std::min(lineStep, (columnBottom - top) / static_cast<double>(lines.size()));
     style.Height *= step / lineStep;
     for (std::size_t i = 0; i < lines.size(); ++i)
@@ -127,7 +127,7 @@ void DrawReportPanels(Surface& page, PaperText& text, const RecordReview& review
     text.Write({ReportColumnText, y}, remarkHeading.In(state.SysInfo), text.Style(BodyPoints, true), ReportColumnRoom);
     y += headingHeight;
     const auto mode = static_cast<std::size_t>(review.View.Mode);
-    DrawRemark(text, y, RemarkLines(state.CurrentHeader.DoctorNote[mode].Bytes()));
+    DrawRemark(page, text, y, RemarkLines(state.CurrentHeader.DoctorNote[mode].Bytes()));
 }
 
 }  // namespace ecg

@@ -185,6 +185,18 @@ TEST_F(ReportPage, KeepsTheLongestRemarkAboveTheSignature)
     EXPECT_EQ(std::ranges::count(page_.Texts, "25", &RecordingSurface::TextOp::Text), 0);
 }
 
+TEST_F(ReportPage, HasBlackWordsOnABlackGrid)
+{
+    Open(ChineseLanguage);
+    record_.State.CurrentHeader.EventPos[0] = 800;
+    EXPECT_THAT(Draw().Pictures, testing::ElementsAre("event-arrow"));
+    record_.State.SysInfo.PrintMono = 1;
+    record_.State.DerivePrintColours();
+    EXPECT_THAT(Draw().Pictures, testing::ElementsAre("event-arrow-black"));
+    for (const auto& line : page_.Lines)
+        EXPECT_TRUE(line.Ink.R == line.Ink.G && line.Ink.G == line.Ink.B);
+}
+
 TEST_F(ReportPage, GivesUpItsEdgeButNotItsScaleOnASmallerPage)
 {
     Open(ChineseLanguage);
