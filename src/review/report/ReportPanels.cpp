@@ -17,6 +17,7 @@ namespace {
 constexpr double panelTop = 45.5;       // mm
 constexpr double lineStep = 3.5;        // mm
 constexpr double ruleSpace = 1.5;       // mm above and below a rule
+constexpr double handSpace = 10;        // mm left free above a remark, for a word by hand
 constexpr double headingHeight = 6;     // mm from the heading of the remark to its first line
 constexpr double tableWidth = 42;       // mm; a value too far from its label is read in the wrong line
 constexpr double markHeight = 4.6;      // mm, of a line of marks
@@ -121,13 +122,19 @@ void DrawReportPanels(Surface& page, PaperText& text, const RecordReview& review
     const SharedState& state = review.State();
     const double height = DrawValues(page, text, review, year);
     double y = panelTop + height + ruleSpace;
+    const auto rule = [&] { page.Line({ReportColumn, y}, {ReportWidth, y}, look.Frame); };
     if (height > 0)
-        page.Line({ReportColumn, y}, {ReportWidth, y}, look.Frame);
+        rule();
+    const auto mode = static_cast<std::size_t>(review.View.Mode);
+    const auto remark = RemarkLines(state.CurrentHeader.DoctorNote[mode].Bytes());
+    if (!remark.empty()) {
+        y += handSpace;
+        rule();
+    }
     y += ruleSpace;
     text.Write({ReportColumnText, y}, remarkHeading.In(state.SysInfo), text.Style(BodyPoints, true), ReportColumnRoom);
     y += headingHeight;
-    const auto mode = static_cast<std::size_t>(review.View.Mode);
-    DrawRemark(page, text, y, RemarkLines(state.CurrentHeader.DoctorNote[mode].Bytes()));
+    DrawRemark(page, text, y, remark);
 }
 
 }  // namespace ecg

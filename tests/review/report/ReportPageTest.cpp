@@ -84,9 +84,9 @@ TEST_F(ReportPage, TellsInChineseWhoseRecordItIsAndWhatTheDoctorThinks)
     EXPECT_EQ(TextAt(222, 39), "检查医生：Wang");
     EXPECT_EQ(TextAt(222, 49), "HR  :  ");  // the complex stands above the fifteen rows
     EXPECT_TRUE(RuleAt(13) && RuleAt(44) && RuleAt(103));
-    EXPECT_EQ(TextAt(222, 104.5), "医生提示");
-    EXPECT_EQ(TextAt(222, 110.5), "One");
-    EXPECT_EQ(TextAt(222, 114), "Two");
+    EXPECT_EQ(TextAt(222, 114.5), "医生提示");
+    EXPECT_EQ(TextAt(222, 120.5), "One");
+    EXPECT_EQ(TextAt(222, 124), "Two");
     EXPECT_EQ(TextAt(222, 191), "医生签名：_________________________");
     const auto& bottom = page_.Texts[page_.Texts.size() - 2];
     EXPECT_EQ(bottom.Text, "10mm/mv    25mm/s    滤波器：AC DF    采样：20s    2026/03/09 08:05:07");
@@ -103,7 +103,7 @@ TEST_F(ReportPage, TellsTheSameInEnglish)
     EXPECT_EQ(TextAt(222, 14.5), "ECG No.:20260309080507");
     EXPECT_EQ(TextAt(222, 24.4), "Sex:Male            Age:1899");
     EXPECT_EQ(TextAt(222, 32), "Med No.:000000001     Bed:A12");
-    EXPECT_EQ(TextAt(222, 104.5), "Doctor Dialosis");
+    EXPECT_EQ(TextAt(222, 114.5), "Doctor Dialosis");
     EXPECT_EQ(TextAt(244, 191), "sign：________________");
     EXPECT_THAT(page_.Texts, testing::Contains(testing::Field(&RecordingSurface::TextOp::Text, "ECG Report")));
 }
@@ -147,12 +147,20 @@ TEST_F(ReportPage, ShowsWhatBelongsToTheForm)
     EXPECT_EQ(TextAt(222, 45.5), "（用于对照的患者资料）");
     EXPECT_EQ(TextAt(222, 63), "检查时间： 2026/03/09 08:05:07");
     EXPECT_TRUE(RuleAt(68));
-    EXPECT_EQ(TextAt(222, 69.5), "医生提示");
+    EXPECT_TRUE(RuleAt(78));
+    EXPECT_EQ(TextAt(222, 79.5), "医生提示");
 
     record_.Review.SetMode(ReviewMode::Pacing);
     Draw();
     EXPECT_FALSE(RuleAt(47)) << "nothing stands above it";
     EXPECT_EQ(TextAt(222, 48.5), "医生提示");
+
+    record_.State.CurrentHeader.DoctorNote[4].Set("起搏心律\r\n房颤");
+    Draw();
+    EXPECT_FALSE(RuleAt(47));
+    EXPECT_TRUE(RuleAt(57));
+    EXPECT_EQ(TextAt(222, 58.5), "医生提示");
+    EXPECT_EQ(TextAt(222, 68), "房颤");
 }
 
 TEST_F(ReportPage, HasTheValuesOfTheModeAndSaysWhenTheyAreNotOfTheView)
@@ -180,7 +188,9 @@ TEST_F(ReportPage, KeepsTheLongestRemarkAboveTheSignature)
     Draw();
     const auto last = std::ranges::find(page_.Texts, "24", &RecordingSurface::TextOp::Text);
     ASSERT_NE(last, page_.Texts.end());
-    EXPECT_LT(last->At.Y + 3, 1 + 189.6);
+    const double lineStep = last->At.Y - std::prev(last)->At.Y;
+    EXPECT_GT(lineStep, 2.5) << "it can be read";
+    EXPECT_LT(last->At.Y + lineStep, 1 + 189.6);
     EXPECT_GT(last->At.Y, 1 + 180);
     EXPECT_EQ(std::ranges::count(page_.Texts, "25", &RecordingSurface::TextOp::Text), 0);
 }
