@@ -3,6 +3,8 @@
 #include "core/Labels.h"
 #include "core/Numbers.h"
 
+#include <utility>
+
 namespace ecg {
 namespace {
 
@@ -46,8 +48,8 @@ ExaminationControl::~ExaminationControl()
 
 void ExaminationControl::PressGo()
 {
-    if (closing_)
-        return;
+    if (ending_ != Ending::Not)
+        return LeaveReview(&ExaminationControl::PressGo);
     switch (state_.ExamState) {
     case ExamState::Waiting:
         return BeginStandard();
@@ -61,8 +63,8 @@ void ExaminationControl::PressGo()
 
 void ExaminationControl::PressBack()
 {
-    if (closing_)
-        return;
+    if (ending_ != Ending::Not)
+        return LeaveReview(&ExaminationControl::PressBack);
     switch (state_.ExamState) {
     case ExamState::Waiting:
         return BeginQuick();
@@ -73,8 +75,18 @@ void ExaminationControl::PressBack()
     }
 }
 
+// A key pressed beside the review of what was just sampled closes it, and acts where nothing else is to follow.
+void ExaminationControl::LeaveReview(Key key)
+{
+    if (ending_ != Ending::Review)
+        return;
+    pressed_ = key;
+    windows_.Close(WindowName::frmxECG);
+}
+
 void ExaminationControl::Leave()
 {
+    left_ = true;
     if (state_.ExamState != ExamState::Sampling)
         return;
     StopSampling();
@@ -172,30 +184,48 @@ void ExaminationControl::WriteSample(std::int32_t slot, const RecordSample& samp
 void ExaminationControl::LimitReached()
 {
     StopSampling();
-    closing_ = true;
+    ending_ = Ending::Record;
     view_.RunSoon([this] { CloseRecord(); });
 }
 
 void ExaminationControl::StopSampling()
 {
     monitor_.StopFeed();
-    state_.ExamState = ExamState::Waiting;
+    Enter(ExamState::Waiting);
 }
 
 void ExaminationControl::CloseRecord()
 {
-    closing_ = true;
+    ending_ = Ending::Record;
     windows_.Close(WindowName::frmNote);
     const RecordOutcome outcome = writer_.Close();
     desk_.RefreshRecords();
     state_.RecordOpenMode = 1;
     ShowRecord(outcome);
-    closing_ = false;
+    ending_ = Ending::Not;
+    if (left_)
+        return;
     GoOn();
+    const Key pressed = std::exchange(pressed_, nullptr);
+    if (pressed != nullptr && state_.ExamState == ExamState::Waiting)
+        (this->*pressed)();
+}
+
+// Returns when the record has been looked at.
+void ExaminationControl::ShowRecord(const RecordOutcome& outcome)
+{
+    const bool reviewed = LeadSystemOf(state_.SysInfo) == LeadSystem::Wilson;
+    if (!reviewed || !outcome.IsWhole())
+        TellOfRecord(outcome);
+    if (reviewed) {
+        ending_ = Ending::Review;
+        windows_.ShowBlocking(WindowName::frmxECG);
+    }
+    (reviewed ? state_.WilsonSamples : state_.FrankSamples) = 0;
 }
 
 // Says what was recorded, and what of it did not reach the disk.
-void ExaminationControl::ShowRecord(const RecordOutcome& outcome)
+void ExaminationControl::TellOfRecord(const RecordOutcome& outcome)
 {
     const bool chinese = state_.Chinese();
     state_.MsgTitle = Twin{"采样完成", "Sampling finished"}.In(chinese);
@@ -212,7 +242,6 @@ void ExaminationControl::ShowRecord(const RecordOutcome& outcome)
                                   "The record is not complete. Please check the disk and sample again."}
                                  .In(chinese);
     windows_.ShowBlocking(WindowName::frmMsg);
-    (LeadSystemOf(state_.SysInfo) == LeadSystem::Wilson ? state_.WilsonSamples : state_.FrankSamples) = 0;
 }
 
 // To the second half of a double examination, or back to the beginning.

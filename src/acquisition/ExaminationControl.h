@@ -3,6 +3,8 @@
 //   Waiting ─ standard: patient, prompt ─► Ready ─ start ─► Sampling ─ finish or limit ─► Waiting, or Ready for the
 //      ▲  └── quick: new patient, 20 s ──────────────────────▲  │                         second lead system
 //      └────────────────── cancel ──────────── Ready ◄─ again ──┘ (the record is deleted and begun anew)
+//
+// A finished Wilson record opens in review, and the examination goes on when that closes.
 #pragma once
 
 #include "acquisition/LiveMonitor.h"
@@ -31,6 +33,15 @@ public:
     void Leave();
 
 private:
+    using Key = void (ExaminationControl::*)();
+
+    // Where the end of a sampling is.
+    enum class Ending {
+        Not,
+        Record,  // the record is being closed: the keys wait
+        Review   // it is being looked at
+    };
+
     void WriteSample(std::int32_t slot, const RecordSample& sample) override;
     void LimitReached() override;
     void SampleAgain() override;
@@ -42,6 +53,8 @@ private:
     void StopSampling();
     void CloseRecord();
     void ShowRecord(const RecordOutcome& outcome);
+    void TellOfRecord(const RecordOutcome& outcome);
+    void LeaveReview(Key key);
     void GoOn();
     bool PrepareSystem(LeadSystem system, std::int32_t samples);
     void PromptElectrodes();
@@ -58,7 +71,9 @@ private:
     RecordWriter& writer_;
     std::string examined_;    // number of the patient whose examination runs
     std::int32_t beats_ = 0;  // marked in the running sampling
-    bool closing_ = false;    // the record is being closed: the keys wait
+    Ending ending_ = Ending::Not;
+    Key pressed_ = nullptr;  // beside the review
+    bool left_ = false;      // the program ends
 };
 
 }  // namespace ecg

@@ -3,7 +3,6 @@
 #include "core/Labels.h"
 #include "platform/qt/BusyCursor.h"
 #include "platform/qt/QtPrinter.h"
-#include "review/report/ExportReport.h"
 #include "review/report/PrintReport.h"
 #include "review/windows/frmxECG.h"
 
@@ -61,6 +60,7 @@ ReviewDesk::ReviewDesk(SharedState& state, WindowOpener& windows, MessageBox& me
 void ReviewDesk::Open(QWidget* parent)
 {
     Close();
+    delete window_;
     window_ = new frmxECG(state_, review_, windows_, messages_, clock_, pictures_, parent);
     window_->OnPrint = [this] { Print(); };
     window_->OnExport = [this] { Export(); };
@@ -78,11 +78,13 @@ void ReviewDesk::Open(QWidget* parent)
 
 void ReviewDesk::Close()
 {
-    if (!window_)
-        return;
-    window_->close();
-    window_->deleteLater();
-    window_.clear();
+    if (window_)
+        window_->Leave();
+}
+
+bool ReviewDesk::IsOpen() const
+{
+    return window_ && window_->isVisible();
 }
 
 void ReviewDesk::Print()
@@ -99,9 +101,7 @@ void ReviewDesk::Export()
     auto* view = window_ ? window_->findChild<QWidget*>("PicFore") : nullptr;
     if (view == nullptr)
         return;
-    const BusyCursor busy;
-    WindowExporter exporter(*view, pictures_);
-    switch (ExportReport(review_, exporter, clock_.Now().Year)) {
+    switch (ExportFrom(*view)) {
     case ReportExport::Exported:
         return Tell(exported);
     case ReportExport::NoFolder:
@@ -109,6 +109,13 @@ void ReviewDesk::Export()
     case ReportExport::Failed:
         return Tell(notExported);
     }
+}
+
+ReportExport ReviewDesk::ExportFrom(QWidget& view)
+{
+    const BusyCursor busy;
+    WindowExporter exporter(view, pictures_);
+    return ExportReport(review_, exporter, clock_.Now().Year);
 }
 
 void ReviewDesk::Post()

@@ -9,6 +9,7 @@
 #include "platform/Printer.h"
 #include "platform/qt/Pictures.h"
 #include "review/RecordReview.h"
+#include "review/report/ExportReport.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -26,12 +27,14 @@ public:
     // that cannot be reviewed is told of.
     void Open(QWidget* parent);
     void Close();
+    bool IsOpen() const;
 
     RecordReview& Record() { return review_; }
 
 private:
     void Print();
     void Export();
+    ReportExport ExportFrom(QWidget& view);
     void Post();
     void Tell(const Twin& text);
 

@@ -12,6 +12,7 @@
 #include "patients/windows/frmPat.h"
 #include "patients/windows/frmPatInput.h"
 #include "platform/qt/BusyCursor.h"
+#include "platform/qt/Front.h"
 #include "rate/windows/frmRate.h"
 
 #include <QApplication>
@@ -52,9 +53,8 @@ bool WindowSet::ShowBlocking(WindowName window)
 {
     const QPointer<QWidget> behind = Front();
     const bool shown = Run(window);
-    // Not every window system gives the front back by itself, and the trace waits for it.
-    if (shown && behind)
-        behind->activateWindow();
+    if (shown)
+        GiveFrontTo(behind);
     return shown;
 }
 
@@ -92,6 +92,9 @@ bool WindowSet::Run(WindowName window)
     case WindowName::frmNote:
         RunEvents(behind);
         return true;
+    case WindowName::frmxECG:
+        RunReview();
+        return true;
     default:
         return false;
     }
@@ -102,6 +105,14 @@ void WindowSet::RunEvents(QWidget* behind)
     frmNote window(state_, patients_.Files(), messages_, behind);
     events_ = &window;
     window.exec();
+}
+
+// Another record may take the place of the first: the review is over when none is open.
+void WindowSet::RunReview()
+{
+    review_.Open(parent_);
+    while (review_.IsOpen())
+        PumpMessages();
 }
 
 bool WindowSet::Show(WindowName window)

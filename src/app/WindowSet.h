@@ -34,6 +34,7 @@ public:
 private:
     bool Run(WindowName window);
     void RunEvents(QWidget* behind);
+    void RunReview();
     void LoadPatients();
     void OpenDatabase();
     QWidget* Front() const;

@@ -21,7 +21,7 @@ protected:
     std::string Path() const { return State.RecordPath; }
 };
 
-TEST_F(ExaminationControlTest, TheQuickKeyRecordsTwentySecondsAndSaysSo)
+TEST_F(ExaminationControlTest, TheQuickKeyRecordsTwentySecondsAndOpensThem)
 {
     StartDemo();
     State.SysInfo.SystemControlTime = 0;
@@ -33,14 +33,33 @@ TEST_F(ExaminationControlTest, TheQuickKeyRecordsTwentySecondsAndSaysSo)
     RunSoon();
     EXPECT_EQ(RecordSize(), 164784U);
     EXPECT_THAT(Path(), testing::StartsWith("RUVO00007\\"));
-    EXPECT_THAT(Windows.Opened, Contains(WindowName::frmMsg));
-    EXPECT_THAT(State.MsgLines[0], testing::HasSubstr(Path()));
-    EXPECT_THAT(State.MsgLines[1], testing::HasSubstr("20.0"));
-    EXPECT_EQ(State.MsgLines[3], "") << "nothing is missing";
+    EXPECT_THAT(Windows.Opened, testing::ElementsAre(WindowName::frmxECG)) << "nothing is missing";
+    EXPECT_EQ(State.RecordOpenMode, 1);
     EXPECT_EQ(State.ExamState, ExamState::Waiting);
     EXPECT_EQ(State.WilsonSamples, 0);
     EXPECT_EQ(Desk.Refreshed, 1);
     EXPECT_TRUE(View.IsRunning(MainTimer::Demo)) << "the trace goes on";
+}
+
+TEST_F(ExaminationControlTest, AKeyBesideTheReviewClosesItAndBeginsAnew)
+{
+    StartDemo();
+    Examination.PressBack();
+    RunDemo(1000);
+    Windows.Scripts[WindowName::frmxECG] = [this] {
+        Windows.Closed.clear();
+        Examination.PressBack();
+        EXPECT_THAT(Windows.Closed, Contains(WindowName::frmxECG));
+        EXPECT_EQ(State.ExamState, ExamState::Waiting);
+        Clock.Calendar.Second += 3;
+    };
+    Examination.PressGo();
+    EXPECT_EQ(State.ExamState, ExamState::Sampling) << "the next quick examination";
+
+    Windows.Scripts[WindowName::frmxECG] = [this] { Keys.PressKey(key::Exit); };
+    RunDemo(1000);
+    Examination.PressGo();
+    EXPECT_FALSE(View.IsRunning(MainTimer::Demo)) << "nothing goes on in a program that ends";
 }
 
 TEST_F(ExaminationControlTest, GoesOnWithTheFrankHalfOfADoubleExamination)
@@ -70,6 +89,9 @@ TEST_F(ExaminationControlTest, GoesOnWithTheFrankHalfOfADoubleExamination)
     RunDemo(3500);
     RunSoon();
     EXPECT_THAT(Path(), testing::EndsWith(".F"));
+    EXPECT_THAT(State.MsgLines[0], testing::HasSubstr(Path()));
+    EXPECT_THAT(State.MsgLines[1], testing::HasSubstr("3.0"));
+    EXPECT_EQ(State.MsgLines[3], "") << "nothing is missing";
     EXPECT_EQ(RecordSize(), 4784U + 1500 * 16);
     EXPECT_EQ(State.ExamState, ExamState::Waiting);
 }

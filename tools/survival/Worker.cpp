@@ -253,21 +253,21 @@ void Worker::Finish(const std::string& patient)
     constexpr int longestMs = 120000;  // of 20 seconds, on a machine with much else to do
     const SharedState& state = workstation_.State();
     const bool toTheLimit = state.SysInfo.SystemControlTime == 1 && Random(0, 39) == 0;
-    bool told = false;  // the message is over again when the wait for it goes on
+    bool shown = false;
     const auto finish = [&] {
         Begin({"finish", patient});
         if (toTheLimit)
-            tour_.WaitUntil([&] { return told || QApplication::activeModalWidget() != nullptr; }, longestMs);
+            tour_.WaitUntil([&shown] { return shown; }, longestMs);
         else
             tour_.Click(workstation_.MainWindow(), "KeyPic_16");
     };
-    tour_.InWindow("frmMsg", finish, [&](QWidget& message) {
-        told = true;
+    tour_.InWindow("frmxECG", finish, [&](QWidget& review) {
+        shown = true;
         const auto file = state.Folders.File(state.RecordPath);
-        if (!state.MsgLines[4].empty() || file.parent_path().filename() != patient)
-            Stop("the record is not whole, or not the patient's");
+        if (file.parent_path().filename() != patient)
+            Stop("the record is not the patient's");
         Done({patient, file.filename().string(), Fingerprint(file)});
-        tour_.Click(message, "Command1_0");
+        review.close();  // its key would change the record
     });
 }
 

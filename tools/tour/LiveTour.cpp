@@ -93,15 +93,17 @@ void PlayUnplug(TourDriver& tour, QWidget& window, BoxSimulator& box)
 void PlayQuickExamination(TourDriver& tour, Workstation& workstation)
 {
     frmMain& window = workstation.MainWindow();
+    bool finished = false;
     const auto sample = [&] {
         tour.Click(window, "KeyPic_17");
         tour.Wait(10000);
         tour.Picture(window, "sampling");
-        tour.WaitUntil([] { return QApplication::activeModalWidget() != nullptr; }, quickMs);
+        tour.WaitUntil([&finished] { return finished; }, quickMs);
     };
-    tour.InWindow("frmMsg", sample, [&](QWidget& message) {
-        tour.Picture(message, "sampling-finished");
-        tour.Click(message, "Command1_0");
+    tour.InWindow("frmxECG", sample, [&](QWidget& review) {
+        tour.Picture(review, "sampling-finished");
+        finished = true;
+        tour.Click(review, "KeyPic_0");
     });
     const SharedState& state = workstation.State();
     std::error_code error;

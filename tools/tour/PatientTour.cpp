@@ -20,6 +20,16 @@ void ClickRow(TourDriver& tour, QWidget& window, const char* grid, int row)
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
 }
 
+// Whoever was examined: not every patient has a record.
+int RowWithRecords(const QAbstractItemModel& patients)
+{
+    const int records = patients.columnCount() - 1;
+    int row = 0;
+    while (row + 1 < patients.rowCount() && patients.index(row, records).data().toInt() == 0)
+        ++row;
+    return row;
+}
+
 void Trigger(TourDriver& tour, QWidget& window, const char* menu)
 {
     tour.Find<QAction>(window, menu).trigger();
@@ -76,24 +86,27 @@ void PlayEvent(TourDriver& tour, QWidget& window, const QString& language)
         });
 }
 
-// From the key to the window that tells of the record.
+// From the key to the window that shows the record, which is left again.
 void PlaySampling(TourDriver& tour, Workstation& workstation, const QString& name,
                   const std::function<void()>& meanwhile)
 {
     QWidget& window = workstation.MainWindow();
+    const SharedState& state = workstation.State();
+    const bool wilson = LeadSystemOf(state.SysInfo) == LeadSystem::Wilson;
+    bool finished = false;
     const auto sample = [&] {
         tour.Click(window, "KeyPic_16");
         tour.Wait(3000);
         meanwhile();
         tour.Wait(3000);
         tour.Picture(window, name);
-        tour.WaitUntil([] { return QApplication::activeModalWidget() != nullptr; }, examinationMs);
+        tour.WaitUntil([&finished] { return finished; }, examinationMs);
     };
-    tour.InWindow("frmMsg", sample, [&](QWidget& message) {
-        tour.Picture(message, name + "-finished");
-        tour.Click(message, "Command1_0");
+    tour.InWindow(wilson ? "frmxECG" : "frmMsg", sample, [&](QWidget& record) {
+        tour.Picture(record, name + "-finished");
+        finished = true;
+        tour.Click(record, wilson ? "KeyPic_0" : "Command1_0");
     });
-    const SharedState& state = workstation.State();
     std::error_code error;
     tour.Check(std::filesystem::file_size(state.Folders.File(state.RecordPath), error) == tenSecondsBytes,
                QString("the record holds 10 seconds: ") + QString::fromStdString(state.RecordPath));
@@ -190,7 +203,7 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     PlaySearch(tour, database, language);
     tour.Check(rows.rowCount() == before + 1, "without a condition all patients are listed");
 
-    ClickRow(tour, database, "PatientTab", 0);
+    ClickRow(tour, database, "PatientTab", RowWithRecords(rows));
     tour.InWindow(
         "frmChangeClass", [&] { Trigger(tour, database, "Menu2_2"); },
         [&](QWidget& window) {

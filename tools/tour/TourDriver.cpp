@@ -24,6 +24,14 @@ void Print(const char* kind, const QString& text)
     std::fflush(stdout);
 }
 
+QWidget* FindShown(const QString& name)
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == name && window->isVisible())
+            return window;
+    return nullptr;
+}
+
 }  // namespace
 
 TourDriver::TourDriver(std::filesystem::path folder) : folder_(std::move(folder))
@@ -60,9 +68,8 @@ void TourDriver::Type(const QWidget& window, const QString& line, const QString&
 
 QWidget& TourDriver::Window(const QString& name)
 {
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->objectName() == name && window->isVisible())
-            return *window;
+    if (QWidget* window = FindShown(name))
+        return *window;
     Fail("no window " + name);
 }
 
@@ -84,12 +91,13 @@ void TourDriver::InWindow(const QString& window, const std::function<void()>& op
     bool played = false;
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
-        QWidget* active = QApplication::activeModalWidget();
-        if (played || active == nullptr || active->objectName() != window)
+        QWidget* shown = FindShown(window);
+        const QWidget* modal = QApplication::activeModalWidget();
+        if (played || shown == nullptr || (modal != nullptr && modal != shown))
             return;
         played = true;
         Wait(settleMs);
-        scene(*active);
+        scene(*shown);
     });
     poll.start(pollMs);
     open();

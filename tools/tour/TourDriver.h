@@ -41,7 +41,7 @@ public:
     // The window of that name that shows; ends the tour when there is none.
     QWidget& Window(const QString& name);
 
-    // Runs `scene` on the blocking window of that name as soon as it has opened, then `open` may return.
+    // Runs `scene` on the window of that name as soon as it has opened; `open` may return only when it has closed again.
     void InWindow(const QString& window, const std::function<void()>& open, const std::function<void(QWidget&)>& scene);
 
     // The same for a question of the message box, which is answered with OK after its picture was taken.

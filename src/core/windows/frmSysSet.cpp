@@ -5,7 +5,6 @@
 #include "core/windows/SysSetHospitalTab.h"
 #include "core/windows/SysSetReportTab.h"
 #include "core/windows/SysSetSampleTab.h"
-#include "platform/qt/BusyCursor.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Style.h"
 
@@ -166,11 +165,7 @@ void frmSysSet::Confirm()
 
 void frmSysSet::PrintPage()
 {
-    PrintOutcome outcome = PrintOutcome::Printed;
-    {
-        const BusyCursor busy;
-        outcome = PrintTestPage(printer_, draft_.Values);
-    }
+    const PrintOutcome outcome = PrintTestPage(printer_, draft_.Values);
     if (outcome == PrintOutcome::NoPrinter)
         Tell(noPrinter);
     if (outcome == PrintOutcome::Failed)

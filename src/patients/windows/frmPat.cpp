@@ -8,6 +8,7 @@
 #include "patients/windows/ProgressPanel.h"
 #include "platform/qt/BusyCursor.h"
 #include "platform/qt/Controls.h"
+#include "platform/qt/Front.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -314,9 +315,7 @@ void frmPat::closeEvent(QCloseEvent* event)
     }
     browser_.Leave();
     event->accept();
-    // Not every window system gives the front back by itself, and the trace waits for it.
-    if (parentWidget() != nullptr)
-        parentWidget()->activateWindow();
+    GiveFrontTo(parentWidget());
 }
 
 void frmPat::keyPressEvent(QKeyEvent* event)

@@ -49,6 +49,7 @@ Surface* QtPrinter::StartDocument(std::string_view title, bool portrait, bool fi
         return nullptr;
     page_.reset();
     painter_.reset();
+    busy_.emplace();
     device_ = std::make_unique<QPrinter>(info, QPrinter::ScreenResolution);
     if (!pdfFile_.isEmpty()) {
         device_->setOutputFormat(QPrinter::PdfFormat);
@@ -64,6 +65,7 @@ Surface* QtPrinter::StartDocument(std::string_view title, bool portrait, bool fi
     if (!painter_->begin(device_.get())) {
         painter_.reset();
         device_.reset();
+        busy_.reset();
         return nullptr;
     }
     const double scale = device_->resolution() / mmPerInch;
@@ -88,6 +90,7 @@ bool QtPrinter::EndDocument()
     const bool printed = ended && device_->printerState() != QPrinter::Error;
     painter_.reset();
     device_.reset();
+    busy_.reset();
     return printed;
 }
 

@@ -1,12 +1,14 @@
-// The default printer of the machine, or a PDF file in its place.
+// The default printer of the machine, or a PDF file in its place. The cursor shows waiting while a document is made.
 #pragma once
 
 #include "platform/Printer.h"
+#include "platform/qt/BusyCursor.h"
 #include "platform/qt/QtSurface.h"
 
 #include <QPrinter>
 
 #include <memory>
+#include <optional>
 
 namespace ecg {
 
@@ -28,6 +30,7 @@ private:
     std::unique_ptr<QPrinter> device_;
     std::unique_ptr<QPainter> painter_;
     std::unique_ptr<QtSurface> page_;
+    std::optional<BusyCursor> busy_;
 };
 
 }  // namespace ecg

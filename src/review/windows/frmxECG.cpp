@@ -2,6 +2,7 @@
 
 #include "core/Labels.h"
 #include "platform/qt/Controls.h"
+#include "platform/qt/Front.h"
 #include "platform/qt/SurfaceBox.h"
 #include "review/EventMarks.h"
 #include "review/TraceDrawing.h"
@@ -98,6 +99,12 @@ void frmxECG::Exit()
     close();
 }
 
+void frmxECG::Leave()
+{
+    picking_ = false;
+    close();
+}
+
 // Left otherwise than by its key the window keeps no analysis: what is under review stands as it was saved last.
 void frmxECG::closeEvent(QCloseEvent* event)
 {
@@ -106,11 +113,8 @@ void frmxECG::closeEvent(QCloseEvent* event)
         return;
     }
     event->accept();
-    // Not every window system gives the front back by itself, and the trace waits for it.
-    if (parentWidget() != nullptr)
-        parentWidget()->activateWindow();
-    if (OnClosed)
-        OnClosed();
+    state_.WilsonSamples = 0;  // with the review the Wilson half of an examination is over
+    GiveFrontTo(parentWidget());
 }
 
 void frmxECG::SetMode(ReviewMode mode)
@@ -157,11 +161,12 @@ bool frmxECG::PickRecord()
     picking_ = true;
     setEnabled(false);
     const bool shown = windows_.Show(WindowName::frmPat);
-    while (shown && state_.ComparePath.empty())
+    while (shown && picking_ && state_.ComparePath.empty())
         windows_.PumpMessages();
     setEnabled(true);
-    picking_ = false;
     state_.PatWindowMode = 0;
+    if (!std::exchange(picking_, false))
+        return false;
     if (state_.RecordOpenMode == 0)
         windows_.Show(WindowName::frmPat);
     state_.RecordPath = recordPath;

@@ -223,10 +223,10 @@ TEST_F(ReviewWindowTest, SavesWhenItIsLeftByItsKeyAndAsksWhenItCannot)
     EXPECT_THAT(LastMessage(), HasSubstr("仍然退出吗？"));
     Store(FlaggedHeart(60));
     QTest::keyClick(&window, Qt::Key_PageDown);
-    bool closed = false;
-    window.OnClosed = [&closed] { closed = true; };
+    State.WilsonSamples = 10000;
     press();
-    EXPECT_TRUE(closed);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(State.WilsonSamples, 0) << "the Wilson half is over";
     EXPECT_EQ(StoredHeader().SavedStart, 4700);
 
     Open();
