@@ -57,8 +57,11 @@ bool PatientBrowser::HasComparison() const
 
 void PatientBrowser::Leave() const
 {
-    if (picking_)
-        database_.State().ComparePath = HasComparison() ? comparePath_ : noComparison;
+    if (!picking_)
+        return;
+    SharedState& state = database_.State();
+    state.ComparePath = HasComparison() ? comparePath_ : noComparison;
+    database_.Select(database_.Patients.FindNumber(state.CurrentPatient.No.Text()));
 }
 
 }  // namespace ecg

@@ -13,6 +13,9 @@ namespace {
 
 constexpr auto firstSlot = static_cast<std::int32_t>(FirstSampleSlot);
 
+// A beat at the right edge has its T wave behind the view. It is read with it, so that the measurement does not end there.
+constexpr std::int32_t beatReach = 1000;  // samples
+
 // The last slot of a file is never read, so a record begins to have samples with slot 301.
 bool HasSamples(std::int32_t slotCount)
 {
@@ -53,6 +56,7 @@ RecordReview::Opening RecordReview::Open()
     File.RFlagList.fill(0);
     File.CenterSlot = 0;
     Result = {};
+    ownQt_.reset();
     Spectrum = {};
     View = {};
     if (!HasSamples(File.SlotCount)) {
@@ -79,10 +83,25 @@ void RecordReview::TakeUpSavedAnalysis()
     File.CenterSlot = File.RFlagList[View.SelectedBeat];
     TakeUpAnalysis(state_.CurrentHeader, Result);
     UnifyLines(LeadSystem::Wilson, Result);
-    Measure(File, LeadSystem::Wilson, Result);
+    // The view may have been moved on before it was saved. Behind what was read there is no signal to measure.
+    if (std::int64_t{Result.Unified[TOff]} < std::int64_t{state_.BlockStart} + SamplesToRead())
+        Measure(File, LeadSystem::Wilson, Result);
+}
+
+std::int32_t RecordReview::SamplesToRead() const
+{
+    return SamplesInView() + beatReach;
 }
 
 bool RecordReview::ReadView()
+{
+    if (!ReadBlock())
+        return false;
+    ComputeStatistics();
+    return true;
+}
+
+bool RecordReview::ReadBlock()
 {
     const std::int32_t known = File.SlotCount;
     File.CountSlots(WhichRecord::Current);
@@ -90,21 +109,32 @@ bool RecordReview::ReadView()
         File.SlotCount = known;
         return false;
     }
-    File.ReadSamples(SampleTarget::View, state_.BlockStart, SamplesInView());
-    if (View.Mode == ReviewMode::Ecg && View.Form == EcgForm::Contrast)
+    File.ReadSamples(SampleTarget::View, state_.BlockStart, SamplesToRead());
+    ForgetFlagsBehindView();
+    if (View.Mode == ReviewMode::Ecg && View.Form == EcgForm::Contrast) {
+        File.CountSlots(WhichRecord::Comparison);  // one that has vanished has no samples, rather than a flat line
         File.ReadSamples(SampleTarget::Comparison, File.CompareStart, SamplesInView());
-    ComputeStatistics();
+    }
     return true;
+}
+
+void RecordReview::ForgetFlagsBehindView()
+{
+    const std::int64_t end = std::int64_t{state_.BlockStart} + SamplesInView();
+    std::ranges::replace_if(
+        File.RFlagList, [end](std::int32_t slot) { return slot >= end; }, 0);
 }
 
 // What a mode shows beside the samples, of the view and the beat as they are now.
 void RecordReview::ComputeStatistics()
 {
+    RestoreQt();
     switch (View.Mode) {
     case ReviewMode::Spectrum:
         SpectrumIsOfView = AnalyseSpectrum(File, View.Spectrum, Result.Params.HeartRate, Spectrum);
         break;
     case ReviewMode::QtDispersion:
+        ownQt_ = Result.Params.QT;
         Qt = ComputeQtStats(Result);
         break;
     case ReviewMode::Variability:
@@ -117,27 +147,45 @@ void RecordReview::ComputeStatistics()
     }
 }
 
-// Dispersion measures QT from one place for all leads; in the ECG mode each lead has its own again.
+// Dispersion measures QT from one place for all leads; in the other modes each lead has its own again. It is kept and not
+// measured anew: the beat may lie outside the view by then.
+void RecordReview::RestoreQt()
+{
+    if (ownQt_)
+        Result.Params.QT = *ownQt_;
+    ownQt_.reset();
+}
+
 bool RecordReview::SetMode(ReviewMode mode)
 {
-    const ReviewMode before = View.Mode;
-    if (!Try(View.Mode, mode, [this] { return ReadView(); }))
-        return false;
-    if (before != mode && mode == ReviewMode::Ecg)
-        Measure(File, LeadSystem::Wilson, Result);
-    return true;
+    return Try(View.Mode, mode, [this] { return ReadView(); });
 }
 
 bool RecordReview::SetSpectrum(SpectrumLayout layout)
 {
-    View.Spectrum = layout;
-    return SetMode(ReviewMode::Spectrum);
+    return ChooseSpectrum(layout, Spectrum.DftLeads);
 }
 
 bool RecordReview::SetDftLead(std::size_t which, std::size_t lead)
 {
-    Spectrum.DftLeads[which] = lead;
-    return SetSpectrum(SpectrumLayout::DoubleLead);
+    auto leads = Spectrum.DftLeads;
+    leads[which] = lead;
+    return ChooseSpectrum(SpectrumLayout::DoubleLead, leads);
+}
+
+// An earlier spectrum may stand for a view that has none, but never under the name of another lead or at another scale.
+bool RecordReview::ChooseSpectrum(SpectrumLayout layout, const std::array<std::size_t, 2>& leads)
+{
+    const SpectrumLayout layoutBefore = std::exchange(View.Spectrum, layout);
+    const auto leadsBefore = std::exchange(Spectrum.DftLeads, leads);
+    if (!SetMode(ReviewMode::Spectrum)) {
+        View.Spectrum = layoutBefore;
+        Spectrum.DftLeads = leadsBefore;
+        return false;
+    }
+    if (!SpectrumIsOfView && (layout != layoutBefore || leads != leadsBefore))
+        Spectrum = {.DftLeads = leads};
+    return true;
 }
 
 bool RecordReview::SetForm(EcgForm form)
@@ -182,10 +230,15 @@ bool RecordReview::SeparateLongLeads()
 
 bool RecordReview::OpenComparison()
 {
+    const RecordHeader headerBefore = File.CompareHeader;
+    const std::int32_t slotsBefore = File.CompareSlotCount;
     const bool hasHeader = File.ReadHeader(WhichRecord::Comparison);
     File.CountSlots(WhichRecord::Comparison);
-    if (!hasHeader || !HasSamples(File.CompareSlotCount))
+    if (!hasHeader || !HasSamples(File.CompareSlotCount)) {
+        File.CompareHeader = headerBefore;
+        File.CompareSlotCount = slotsBefore;
         return false;
+    }
     const bool saved = HasSavedAnalysis(File.CompareHeader);
     File.CompareStart =
         saved ? std::clamp<std::int32_t>(File.CompareHeader.SavedStart, firstSlot, File.CompareSlotCount - 1)
@@ -197,16 +250,18 @@ bool RecordReview::SelectBeat(std::size_t beat)
 {
     if (beat >= File.RFlagList.size() || File.RFlagList[beat] == 0)
         return true;
-    if (!ReadView())
+    if (!ReadBlock())
         return false;
     View.SelectedBeat = beat;
     MeasureSelected();
+    ComputeStatistics();
     return true;
 }
 
 // Without a flag in the selected place there is no beat to measure, and the values stay.
 void RecordReview::MeasureSelected()
 {
+    RestoreQt();
     File.CenterSlot = File.RFlagList[View.SelectedBeat];
     if (File.CenterSlot > 0)
         Delineate(File, LeadSystem::Wilson, Result);
@@ -228,9 +283,10 @@ bool RecordReview::DeleteFlag(std::size_t beat)
 
 bool RecordReview::AfterFlagChange()
 {
-    if (!ReadView())
+    if (!ReadBlock())
         return false;
     MeasureSelected();
+    ComputeStatistics();
     return true;
 }
 

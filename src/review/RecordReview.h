@@ -18,7 +18,9 @@
 #include "review/ReviewState.h"
 #include "review/StripLayout.h"
 
+#include <array>
 #include <cstdint>
+#include <optional>
 
 namespace ecg {
 
@@ -39,7 +41,7 @@ public:
     // What changes the view and needs samples. False: the record could not be read, and nothing has changed.
     bool SetMode(ReviewMode mode);
     bool SetForm(EcgForm form);
-    bool SetSpectrum(SpectrumLayout layout);
+    bool SetSpectrum(SpectrumLayout layout);               // see `SpectrumIsOfView`
     bool SetDftLead(std::size_t which, std::size_t lead);  // 0 input, 1 output
     bool SetGain(std::size_t index);
     bool SetSpeed(std::size_t index);
@@ -55,7 +57,7 @@ public:
     // Brings two equal long leads back to II and V5, for the form that needs two different ones. True when they were equal.
     bool SeparateLongLeads();
 
-    // Takes up `ComparePath` for the contrast form. False when it is no record with samples.
+    // Takes up `ComparePath` for the contrast form. False when it is no record with samples: the one before stays.
     bool OpenComparison();
 
     // Centres the analysis on flag `beat` of the view and measures it. A place without a flag changes nothing. False: the
@@ -86,19 +88,27 @@ public:
 
     AboutFile File;
     BeatResult Result;
-    QtStats Qt{};                   // of the QT mode
-    SpectrumResult Spectrum;        // of the spectrum mode
-    bool SpectrumIsOfView = false;  // the view had the beats for a spectrum; otherwise `Spectrum` is an earlier one
-    ReviewState View;               // what needs no samples is changed here at once
+    QtStats Qt{};             // of the QT mode
+    SpectrumResult Spectrum;  // of the spectrum mode
+    bool SpectrumIsOfView =
+        false;         // the view had the beats for a spectrum; otherwise `Spectrum` is an earlier one of the
+                       // same layout and leads, or without any its `Length` is 0
+    ReviewState View;  // what needs no samples is changed here at once
 
 private:
     bool ReadView();
+    bool ReadBlock();
+    void ForgetFlagsBehindView();
     void ComputeStatistics();
+    void RestoreQt();
+    bool ChooseSpectrum(SpectrumLayout layout, const std::array<std::size_t, 2>& leads);
+    std::int32_t SamplesToRead() const;
     void TakeUpSavedAnalysis();
     void MeasureSelected();
     bool AfterFlagChange();
 
     SharedState& state_;
+    std::optional<decltype(MeasuredParams::QT)> ownQt_;  // what the QT mode has replaced
 };
 
 }  // namespace ecg

@@ -5,6 +5,8 @@
 #include "review/ReviewFixture.h"
 #include "support/FailingFile.h"
 
+#include <algorithm>
+#include <cstring>
 #include <gmock/gmock.h>
 
 namespace ecg {
@@ -65,6 +67,36 @@ TEST_F(RecordReviewTest, SavesAnAnalysisAndTakesItUpAgain)
     EXPECT_EQ(Review.File.CenterSlot, Review.File.RFlagList[3]);
     EXPECT_EQ(Review.Result.Unified[POn], lines[lead::II][POn] - 40);
     EXPECT_EQ(Review.Result.Params.HeartRate, 60);
+}
+
+TEST_F(RecordReviewTest, LeavesASavedBeatThatIsNotInViewUnmeasured)
+{
+    Store(FlaggedHeart(60));
+    for (const std::int32_t beatAt : {1000, 20000}) {
+        Review.Open();
+        Review.MoveTo(beatAt);
+        Review.SelectBeat(1);
+        Review.MoveTo(10000);
+        Review.Save();
+        Review.Open();
+        EXPECT_EQ(Review.Result.Params.HeartRate, 60);
+        EXPECT_EQ(Review.Result.Params.RAmp[lead::V5], NotMeasured) << "no silence is measured for the beat";
+    }
+}
+
+TEST_F(RecordReviewTest, MeasuresTheTWaveOfABeatAtTheRightEdge)
+{
+    Store(FlaggedHeart(60));
+    Review.Open();
+    Review.MoveTo(5000);
+    Review.SelectBeat(4);
+    const float amplitude = Review.Result.Params.TAmp[lead::V3];
+    Review.MoveTo(Review.File.CenterSlot + 60 - Review.SamplesInView());
+    const auto inView = std::ranges::find(Review.File.RFlagList, 0) - Review.File.RFlagList.begin();
+    Review.SelectBeat(static_cast<std::size_t>(inView) - 1);
+    EXPECT_LT(Review.File.CenterSlot, State.BlockStart + Review.SamplesInView())
+        << "flags behind the view do not count";
+    EXPECT_NEAR(Review.Result.Params.TAmp[lead::V3], amplitude, 0.02);
 }
 
 TEST_F(RecordReviewTest, SurvivesASavedAnalysisThatPointsNowhere)
@@ -150,9 +182,15 @@ TEST_F(RecordReviewTest, ReadsAComparisonBesideTheRecord)
     EXPECT_FALSE(Review.OpenComparison());
     State.ComparePath = "other.W";
     ASSERT_TRUE(Review.OpenComparison() && Review.SetForm(EcgForm::Contrast));
+    State.ComparePath = "nowhere.W";
+    EXPECT_FALSE(Review.OpenComparison());
+    State.ComparePath = "other.W";
     EXPECT_EQ(Review.Layout(220).Strips.size(), 24U);
     EXPECT_EQ(Review.Comparison().Count, 599U);
     EXPECT_EQ(ComparisonLines(State, Review.File.CompareHeader, Review.File.CompareSlotCount, 2026).at(1), "Name: Li");
+    std::filesystem::remove(State.Folders.File("other.W"));
+    EXPECT_TRUE(Review.MoveTo(2000));
+    EXPECT_EQ(Review.Comparison().Count, 0U) << "no flat line stands for a comparison that is gone";
     Review.Open();
     EXPECT_EQ(Review.View.Form, EcgForm::Rows12) << "the next record has no comparison";
 }
@@ -161,8 +199,11 @@ TEST_F(RecordReviewTest, ComputesTheStatisticsOfAModeAndMeasuresTheBeatAgainAfte
 {
     Store(FlaggedHeart(60));
     Review.Open();
-    const float own = Review.Result.Params.QT[lead::V3];
+    Review.MoveTo(5000);
+    Review.SelectBeat(1);
+    const MeasuredParams own = Review.Result.Params;
     EXPECT_TRUE(Review.SetMode(ReviewMode::QtDispersion));
+    EXPECT_TRUE(Review.SelectBeat(1) && Review.MoveTo(300)) << "the beat is out of view";
     EXPECT_EQ(Review.Result.Params.QT[lead::V3],
               (Review.Result.Locate[lead::V3][TOff] - Review.Result.Unified[QrsOn]) * 2);
     EXPECT_GE(Review.Qt[MaxQT], Review.Qt[MinQT]);
@@ -173,8 +214,13 @@ TEST_F(RecordReviewTest, ComputesTheStatisticsOfAModeAndMeasuresTheBeatAgainAfte
     EXPECT_TRUE(Review.ScrollTo(ScrollRange) && Review.MoveTo(30000));
     EXPECT_FALSE(Review.SpectrumIsOfView) << "no four seconds are left";
     EXPECT_EQ(Review.Spectrum.Length, 250);
+    EXPECT_TRUE(Review.SetDftLead(0, lead::V1));
+    EXPECT_EQ(Review.Spectrum.Length, 0) << "the one from before is of another lead";
     EXPECT_TRUE(Review.MoveTo(300) && Review.SetMode(ReviewMode::Ecg));
-    EXPECT_EQ(Review.Result.Params.QT[lead::V3], own);
+    EXPECT_EQ(std::memcmp(&Review.Result.Params, &own, sizeof own), 0);
+    std::filesystem::remove(Path());
+    EXPECT_FALSE(Review.SetDftLead(0, lead::V6));
+    EXPECT_EQ(Review.Spectrum.DftLeads[0], lead::V1);
 }
 
 TEST(MeasurementPanelTest, LeavesUnmeasuredValuesBlankAndMakesRoomForSigns)

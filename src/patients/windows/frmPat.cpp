@@ -73,6 +73,9 @@ frmPat::frmPat(SharedState& state, AboutPat& database, WindowOpener& windows, Me
 {
     setObjectName("frmPat");
     setWindowTitle(windowTitleText.In(state_.SysInfo));
+    // The review that asks for a record takes no input meanwhile, and neither does any other window.
+    if (browser_.Picking())
+        setWindowModality(Qt::ApplicationModal);
     LayOut();
     MakeMenus();
     ConnectGrids();

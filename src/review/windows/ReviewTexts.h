@@ -19,4 +19,9 @@ inline constexpr std::array<Twin, EcgFormCount> Forms{{{"12*1格式", "12*1 Form
                                                        {"2*1格式", "2*1 Form"},
                                                        {"12*1对照格式", "12*1 Contrast Form"}}};
 
+inline constexpr Twin RecordLost{
+    "记录文件已被删除、变短或无法读取。现在显示的仍是原来的波形。",
+    "The file of the record is gone, shorter than before or cannot be read.\nThe traces shown are "
+    "the ones from before."};
+
 }  // namespace ecg::reviewtexts

@@ -100,7 +100,10 @@ void TraceView::PlaceMarkers()
             PlaceOfSlot({.Left = box.X, .Width = box.Width}, slot, review_.State().BlockStart, review_.Scale().Speed);
         places[i] = slot > 0 && x ? static_cast<int>(std::lround(ToPixelX(*x) - left)) : -1;
     }
-    rrBox_->Place(places, review_.View.SelectedBeat);
+    // The measured beat, and not the place of the selected one: after scrolling that names a beat that was not measured.
+    const auto& flags = review_.File.RFlagList;
+    const auto measured = review_.File.CenterSlot > 0 ? std::ranges::find(flags, review_.File.CenterSlot) : flags.end();
+    rrBox_->Place(places, static_cast<std::size_t>(measured - flags.begin()));
 }
 
 void TraceView::DrawBack()
@@ -184,8 +187,11 @@ void TraceView::wheelEvent(QWheelEvent* event)
 {
     constexpr int notch = 120;
     const int turned = event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
-    if (OnWheel && turned != 0)
-        OnWheel(turned > 0 ? -std::max(turned / notch, 1) : std::max(-turned / notch, 1));
+    turned_ += turned;  // some wheels and pads turn by small parts of a notch
+    const int steps = turned_ / notch;
+    turned_ -= steps * notch;
+    if (OnWheel && steps != 0)
+        OnWheel(-steps);
 }
 
 }  // namespace ecg

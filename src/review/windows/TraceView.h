@@ -58,6 +58,7 @@ private:
     ::QPoint offset_;
     ::QPoint dragFrom_;  // where a hand that moves the picture took it
     bool dragging_ = false;
+    int turned_ = 0;  // eighths of a degree of the wheel that are no step yet
 };
 
 }  // namespace ecg

@@ -20,7 +20,6 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace ecg {
@@ -34,10 +33,6 @@ constexpr int smallestDisplayScale = 3;  // pixels a mm
 constexpr Twin emptyRecord{"该文件是空文件，建议删除该文件", "This file is empty. It is best deleted."};
 constexpr Twin unreadableRecord{"无法打开该检查记录。文件可能已被删除。",
                                 "This record cannot be opened. Its file may be gone."};
-constexpr Twin recordLost{
-    "记录文件已被删除、变短或无法读取。现在显示的仍是原来的波形。",
-    "The file of the record is gone, shorter than before or cannot be read.\nThe traces shown are "
-    "the ones from before."};
 constexpr Twin flagRefused{"R波标记没有写入记录文件。请检查磁盘空间和文件的权限。",
                            "The R-wave flag was not written to the record.\nPlease check the free space and the "
                            "permissions of the file."};
@@ -69,9 +64,11 @@ frmxECG::frmxECG(SharedState& state, RecordReview& review, WindowOpener& windows
 {
     setObjectName("frmxECG");
     setWindowTitle(reviewtexts::WindowTitle.In(state_.SysInfo));
+    setWindowModality(Qt::ApplicationModal);
     MakeMenus();
     LayOut();
     ConnectView();
+    ConnectScrollBars();
 }
 
 bool frmxECG::Open()
@@ -136,10 +133,28 @@ void frmxECG::SetForm(EcgForm form)
     Changed(review_.SetMode(ReviewMode::Ecg) && review_.SetForm(form));
 }
 
-// The database window chooses. It is made anew for picking; when the record in review came from it, it stands there again
-// afterwards. Events go on meanwhile, but this window takes none.
+// A choice that is none leaves the comparison that was there.
 bool frmxECG::ChooseComparison()
 {
+    const std::string pathBefore = state_.ComparePath;
+    const PatientRecord patientBefore = state_.ReferencePatient;
+    if (PickRecord()) {
+        if (review_.OpenComparison())
+            return true;
+        Tell(comparisonEmpty);
+    }
+    state_.ComparePath = pathBefore;
+    state_.ReferencePatient = patientBefore;
+    return false;
+}
+
+// The database window chooses. It is made anew for picking; when the record in review came from it, it stands there again
+// afterwards, which chooses patient and record anew: those under review are put back. Events go on meanwhile, but this
+// window takes none.
+bool frmxECG::PickRecord()
+{
+    const std::string recordPath = state_.RecordPath;
+    const PatientRecord patient = state_.CurrentPatient;
     windows_.Close(WindowName::frmPat);
     state_.ComparePath.clear();
     state_.PatWindowMode = pickingMode;
@@ -154,14 +169,12 @@ bool frmxECG::ChooseComparison()
         return false;
     if (state_.RecordOpenMode == 0)
         windows_.Show(WindowName::frmPat);
+    state_.RecordPath = recordPath;
+    state_.CurrentPatient = patient;
     raise();
     activateWindow();
-    if (!shown || state_.ComparePath == noComparison)
-        return false;
-    const bool usable = review_.OpenComparison();
-    if (!usable)
-        Tell(comparisonEmpty);
-    return usable;
+    HScroll1_->setFocus();  // a window that is disabled has lost it
+    return shown && state_.ComparePath != noComparison;
 }
 
 void frmxECG::SetDisplayScale(std::size_t index)
@@ -182,26 +195,21 @@ void frmxECG::SelectBeat(std::size_t beat)
     Moved(review_.SelectBeat(beat));
 }
 
+// A selected place behind the last flag of the view steps to that one.
 void frmxECG::StepBeat(int step)
 {
-    const auto beat = static_cast<std::ptrdiff_t>(review_.View.SelectedBeat) + step;
-    if (beat >= 0 && review_.View.Mode == ReviewMode::Ecg)
-        SelectBeat(static_cast<std::size_t>(beat));
-}
-
-void frmxECG::Step(double mm)
-{
-    const std::int32_t samples = ecg::SamplesInView(std::fabs(mm), review_.Scale().Speed);
-    const std::int32_t last = StartOfScroll(ScrollRange, review_.File.SlotCount, review_.SamplesInView());
-    const std::int32_t start = state_.BlockStart + (mm < 0 ? -samples : samples);
-    Moved(review_.MoveTo(std::min(start, std::max(last, state_.BlockStart))));
+    const auto& flags = review_.File.RFlagList;
+    const auto count = std::find(flags.begin(), flags.end(), 0) - flags.begin();
+    if (count > 0 && review_.View.Mode == ReviewMode::Ecg) {
+        const auto beat = static_cast<std::ptrdiff_t>(review_.View.SelectedBeat) + step;
+        SelectBeat(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(beat, 0, count - 1)));
+    }
 }
 
 void frmxECG::SwitchRule(bool on)
 {
     review_.View.Rule.Switch(on);
-    PicFore_->setCursor(on ? Qt::CrossCursor : Qt::ArrowCursor);
-    Rule_->setChecked(on);
+    CheckMenus();
     PicFore_->RedrawTraces();
 }
 
@@ -244,7 +252,7 @@ void frmxECG::Changed(bool read)
 {
     ShowView();
     if (!read)
-        Tell(recordLost);
+        Tell(reviewtexts::RecordLost);
 }
 
 void frmxECG::Moved(bool read)
@@ -252,7 +260,7 @@ void frmxECG::Moved(bool read)
     ShowPlace();
     ShowBeat();
     if (!read)
-        Tell(recordLost);
+        Tell(reviewtexts::RecordLost);
 }
 
 void frmxECG::FlagChanged(bool done)
@@ -278,62 +286,9 @@ void frmxECG::ShowBeat()
     Picture1_->update();
 }
 
-void frmxECG::ShowPlace()
-{
-    const int value = review_.ScrollValue();
-    if (value >= 0) {
-        const QSignalBlocker quiet(HScroll1_);
-        HScroll1_->setValue(value);
-    }
-    Label1_->setText(ToQt(TimeOfSlot(state_.CurrentHeader, state_.BlockStart)));
-}
-
-void frmxECG::ShowScrollBars()
-{
-    const QSize left = (PicFore_->PictureSize() - PicFore_->size()).expandedTo({0, 0});
-    const QSignalBlocker quietAcross(HScroll2_);
-    const QSignalBlocker quietDown(VScroll1_);
-    HScroll2_->setRange(0, left.width());
-    HScroll2_->setPageStep(PicFore_->width());
-    HScroll2_->setVisible(left.width() > 0);
-    VScroll1_->setRange(0, left.height());
-    VScroll1_->setPageStep(PicFore_->height());
-    VScroll1_->setVisible(left.height() > 0);
-    PicFore_->SetOffset(PicFore_->Offset());
-    HScroll2_->setValue(PicFore_->Offset().x());
-    VScroll1_->setValue(PicFore_->Offset().y());
-}
-
 void frmxECG::Tell(const Twin& text)
 {
     messages_.Tell(text.In(state_.SysInfo), windowTitle().toStdString());
-}
-
-void frmxECG::keyPressEvent(QKeyEvent* event)
-{
-    const double view = ViewWidth(review_.View);
-    const double second = review_.Scale().Speed;
-    const bool beats = event->modifiers().testFlag(Qt::ControlModifier);
-    switch (event->key()) {
-    case Qt::Key_Escape:
-        return review_.View.Rule.On ? SwitchRule(false) : Exit();
-    case Qt::Key_F1:
-        return OpenHelp(WindowName::frmResult, HelpCode);
-    case Qt::Key_PageUp:
-        return Step(-view);
-    case Qt::Key_PageDown:
-        return Step(view);
-    case Qt::Key_Left:
-        return beats ? StepBeat(-1) : Step(-second);
-    case Qt::Key_Right:
-        return beats ? StepBeat(1) : Step(second);
-    case Qt::Key_Home:
-        return Moved(review_.ScrollTo(0));
-    case Qt::Key_End:
-        return Moved(review_.ScrollTo(ScrollRange));
-    default:
-        QWidget::keyPressEvent(event);
-    }
 }
 
 }  // namespace ecg

@@ -21,6 +21,10 @@
 //   VScroll1   as HScroll2, downwards
 //
 // Page Up and Page Down move a view, the arrows a second, Home and End to the ends; Ctrl and an arrow select the next beat.
+// They do so wherever the focus is.
+//
+// The window is modal: the shared state names one record and one patient, and as long as they are under review no other
+// window may choose others.
 #pragma once
 
 #include "core/WindowOpener.h"
@@ -72,6 +76,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     // frmxECGLayout.cpp
@@ -97,15 +102,24 @@ private:
     void MakeLeadSwitches();
     void CheckMenus();
 
+    // frmxECGScroll.cpp
+    void ConnectScrollBars();
+    void Step(double mm);
+    void ScrollTo(int value);
+    void StepBar(int action);
+    void ShowPlace();
+    void ShowTime();
+    void ShowScrollBars();
+
     void Exit();
     void SetMode(ReviewMode mode);
     void SetForm(EcgForm form);
     bool ChooseComparison();
+    bool PickRecord();
     void SetDisplayScale(std::size_t index);
     void ChooseLongLead(std::size_t which, std::size_t lead);
     void SelectBeat(std::size_t beat);
     void StepBeat(int step);
-    void Step(double mm);
     void SwitchRule(bool on);
     void OpenEvents();
     void OpenTrend();
@@ -121,8 +135,6 @@ private:
     void FlagChanged(bool done);  // after a correction of flags
     void ShowView();
     void ShowBeat();
-    void ShowPlace();
-    void ShowScrollBars();
     void Tell(const Twin& text);
 
     SharedState& state_;
@@ -161,6 +173,7 @@ private:
     QMenu* AddR_ = nullptr;
     QMenu* DelR_ = nullptr;
     QAction* Rule_ = nullptr;
+    std::vector<QAction*> traceTools_;  // of DispMenu: what modes without traces have no use for
 };
 
 }  // namespace ecg

@@ -212,13 +212,6 @@ void frmxECG::ShowCommands()
 void frmxECG::ConnectView()
 {
     constexpr double wheelMm = 25;  // of paper for a step of the wheel
-    connect(HScroll1_, &QScrollBar::valueChanged, this, [this](int value) { Moved(review_.ScrollTo(value)); });
-    connect(HScroll2_, &QScrollBar::valueChanged, this, [this](int x) {
-        PicFore_->SetOffset({x, PicFore_->Offset().y()});
-    });
-    connect(VScroll1_, &QScrollBar::valueChanged, this, [this](int y) {
-        PicFore_->SetOffset({PicFore_->Offset().x(), y});
-    });
     PicFore_->OnMoved = [this] { ShowScrollBars(); };
     PicFore_->OnWheel = [this](int steps) { Step(steps * wheelMm); };
     PicFore_->OnMenu = [this](const ::QPoint& place) { DispMenu_->popup(place); };

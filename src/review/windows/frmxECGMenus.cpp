@@ -126,17 +126,18 @@ void frmxECG::MakeDisplayMenu()
     QAction* reset = Named(DispMenu_->addAction(initialPosition.In(state_.SysInfo)), "DispReset");
     connect(reset, &QAction::triggered, this, [this] { PicFore_->SetOffset({0, 0}); });
     DispMenu_->addSeparator();
-    MakeSwitch("Auto_Interval", autoInterval, [this](bool on) {
+    QAction* interval = MakeSwitch("Auto_Interval", autoInterval, [this](bool on) {
         review_.View.AutoInterval = on;
         ShowView();
     });
-    MakeSwitch("CalibrationMark", calibrationMark, [this](bool on) {
+    QAction* mark = MakeSwitch("CalibrationMark", calibrationMark, [this](bool on) {
         review_.View.CalibrationMark = on;
         ShowView();
     });
     DispMenu_->addSeparator();
     for (QMenu* menu : {SpdMenu_, AmpMenu_, Para_Lead_, LongLead_[0], LongLead_[1], Lead_Show_})
         DispMenu_->addMenu(menu);
+    traceTools_ = {Rule_, interval, mark, Lead_Show_->menuAction()};
 }
 
 void frmxECG::MakeLeadSwitches()
@@ -184,6 +185,10 @@ void frmxECG::CheckMenus()
         Check(LongLead_[which], view.LongLead[which]);
     for (std::size_t mode = 0; mode < Command1_.size(); ++mode)
         Command1_[mode]->setChecked(mode == static_cast<std::size_t>(view.Mode));
+    for (QAction* tool : traceTools_)
+        tool->setEnabled(HasTraces(view.Mode));
+    Rule_->setChecked(view.Rule.On);
+    PicFore_->setCursor(view.Rule.On && HasTraces(view.Mode) ? Qt::CrossCursor : Qt::ArrowCursor);
     SpdKey_->setText(labels::Speeds[speedIndex]);
     AmpKey_->setText(labels::Gains[gainIndex]);
     LeadKey_->setText(labels::Leads[view.AnalysisLead]);

@@ -196,7 +196,7 @@ TEST_F(PatTest, PickingNeedsAClickOnAWilsonRecordAndLeavesThePatientUnderReview)
 {
     PutThree();
     auto& window = Open(2);
-    state_.CurrentPatient = Patient("9", "under review");
+    state_.CurrentPatient = Patient("3", "under review");
     EXPECT_FALSE(Find<QWidget>(window, "FunKey_0").isVisible() || Find<QWidget>(window, "Command2_0").isVisible());
     window.close();
     EXPECT_TRUE(window.isVisible()) << "nothing was clicked";
@@ -211,6 +211,7 @@ TEST_F(PatTest, PickingNeedsAClickOnAWilsonRecordAndLeavesThePatientUnderReview)
     EXPECT_EQ(state_.ComparePath, "\\000000001\\20260101080910.W");
     EXPECT_EQ(state_.CurrentPatient.Name.Text(), "under review");
     EXPECT_EQ(state_.ReferencePatient.Name.Text(), "name 1");
+    EXPECT_EQ(database_->SelectedRow(), 2) << "who is under review is selected again";
 
     auto& again = Open(2);
     messages_.Answer = false;

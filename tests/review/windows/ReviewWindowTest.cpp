@@ -64,6 +64,7 @@ TEST_F(ReviewWindowTest, ChangesFormModeScaleGainAndSpeed)
     EXPECT_TRUE(Find<QScrollBar>(window, "HScroll2").isVisible()) << "880 mm are wider than the window";
     Click(window, "Command1_4");
     EXPECT_EQ(Review.View.Mode, ReviewMode::Pacing);
+    EXPECT_TRUE(Find<QAction>(window, "Rule").isEnabled());
     EXPECT_FALSE(Find<QWidget>(window, "rrBox").isVisible());
     Trigger("ECG_Menu_1");
     EXPECT_EQ(Review.View.Mode, ReviewMode::Ecg);
@@ -78,6 +79,7 @@ TEST_F(ReviewWindowTest, ChangesFormModeScaleGainAndSpeed)
     for (const char* key : {"Command1_2", "Command1_3"})
         Click(window, key);
     EXPECT_EQ(Review.View.Mode, ReviewMode::Variability);
+    EXPECT_FALSE(Find<QAction>(window, "Rule").isEnabled()) << "there is no trace to measure";
     Trigger("DFTLead1_6");
     EXPECT_EQ(Review.View.Mode, ReviewMode::Spectrum);
     EXPECT_EQ(Review.Spectrum.DftLeads[0], lead::V1);
@@ -92,12 +94,16 @@ TEST_F(ReviewWindowTest, ScrollsThroughTheRecordByBarAndKeys)
     auto& bar = Find<QScrollBar>(window, "HScroll1");
     bar.setValue(ScrollRange);
     EXPECT_EQ(State.BlockStart, 25899);
+    EXPECT_EQ(bar.value(), ScrollRange) << "it stays where it was put";
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, {bar.width() - 3, bar.height() / 2});
+    EXPECT_EQ(State.BlockStart, 25899) << "a step forward from the end does not lead back";
     EXPECT_EQ(LabelOf(window, "Label1"), "2026/03/09 08:05:58");
-    QTest::keyClick(&window, Qt::Key_PageUp);
+    QTest::keyClick(&bar, Qt::Key_PageUp);
     EXPECT_EQ(State.BlockStart, 21499);
-    QTest::keyClick(&window, Qt::Key_Right);
-    EXPECT_EQ(State.BlockStart, 21999);
-    QTest::keyClick(&window, Qt::Key_Home);
+    Click(window, "Command1_4");
+    QTest::keyClick(&Find<QWidget>(window, "Command1_4"), Qt::Key_Right);
+    EXPECT_EQ(State.BlockStart, 21999) << "the keys move the trace wherever the focus is";
+    QTest::keyClick(&bar, Qt::Key_Home);
     EXPECT_EQ(State.BlockStart, 300);
     EXPECT_EQ(bar.value(), 0);
 }
@@ -107,6 +113,9 @@ TEST_F(ReviewWindowTest, MarkersSelectDeleteAndAddBeats)
     auto& window = OpenHeart();
     QTest::mouseClick(&Find<QWidget>(window, "Label2_3"), Qt::LeftButton);
     EXPECT_EQ(Review.File.CenterSlot, Review.File.RFlagList[3]);
+    Review.View.SelectedBeat = 49;
+    QTest::keyClick(&window, Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(Review.View.SelectedBeat, 8U) << "the last one in view";
     const std::int32_t slot = Review.File.RFlagList[2];
     QTest::mouseClick(&Find<QWidget>(window, "Label2_2"), Qt::RightButton);
     EXPECT_TRUE(Find<QMenu>(window, "DelR").isVisible());
@@ -168,14 +177,24 @@ TEST_F(ReviewWindowTest, ChoosesAComparisonInTheDatabaseOrKeepsTheForm)
     windows_.Scripts[WindowName::frmPat] = [this] {
         if (State.PatWindowMode == 2)
             State.ComparePath = "other.W";
+        State.RecordPath = "other.W";
+        State.CurrentPatient.No.Set("2");
     };
+    const std::string record = State.RecordPath;
     Trigger("ECG_Menu_6");
     EXPECT_EQ(Review.View.Form, EcgForm::Contrast);
+    EXPECT_EQ(State.RecordPath + State.CurrentPatient.No.Text(), record + "1") << "whatever the database has chosen";
     EXPECT_THAT(windows_.Opened, ElementsAre(WindowName::frmPat, WindowName::frmPat)) << "it came from there";
     State.RecordOpenMode = 1;
     windows_.Opened.clear();
     Trigger("ECG_Menu_6");
     EXPECT_THAT(windows_.Opened, ElementsAre(WindowName::frmPat));
+    windows_.Scripts[WindowName::frmPat] = [this] {
+        State.ComparePath = "Cancel";
+        State.ReferencePatient.Name.Set("Wang");
+    };
+    Trigger("ECG_Menu_6");
+    EXPECT_EQ(State.ComparePath + State.ReferencePatient.Name.Text(), "other.W") << "the comparison stays";
 }
 
 TEST_F(ReviewWindowTest, GoesWhereEventsAndTrendPointAndNoFurther)
