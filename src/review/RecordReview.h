@@ -21,6 +21,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace ecg {
 
@@ -70,7 +71,8 @@ public:
     bool AddFlag(std::int32_t slot);
     bool DeleteFlag(std::size_t beat);
 
-    // Keeps start of view, beat, rate and lines in the record's header. False: the record could not be changed.
+    // Keeps start of view, beat, rate and lines in the record's header. False: the record could not be changed, or another
+    // examination has the shared header by now.
     bool Save();
 
     ViewScale Scale() const { return ScaleOf(state_.CurrentHeader); }
@@ -96,6 +98,7 @@ public:
     ReviewState View;  // what needs no samples is changed here at once
 
 private:
+    void TakeUpRecord();
     bool ReadView();
     bool ReadBlock();
     void ForgetFlagsBehindView();
@@ -108,6 +111,8 @@ private:
     bool AfterFlagChange();
 
     SharedState& state_;
+    std::string path_;                                   // of the record under review
+    std::string examTime_;                               // of its header
     std::optional<decltype(MeasuredParams::QT)> ownQt_;  // what the QT mode has replaced
 };
 

@@ -64,7 +64,6 @@ frmxECG::frmxECG(SharedState& state, RecordReview& review, WindowOpener& windows
 {
     setObjectName("frmxECG");
     setWindowTitle(reviewtexts::WindowTitle.In(state_.SysInfo));
-    setWindowModality(Qt::ApplicationModal);
     MakeMenus();
     LayOut();
     ConnectView();

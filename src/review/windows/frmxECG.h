@@ -22,9 +22,6 @@
 //
 // Page Up and Page Down move a view, the arrows a second, Home and End to the ends; Ctrl and an arrow select the next beat.
 // They do so wherever the focus is.
-//
-// The window is modal: the shared state names one record and one patient, and as long as they are under review no other
-// window may choose others.
 #pragma once
 
 #include "core/WindowOpener.h"
