@@ -60,6 +60,7 @@ TEST_F(AboutPatTest, AQuickPatientTakesTheLowestNumberWithoutAFolder)
     for (const char* folder : {"RUVO00000", "ruvo00001", "RUVO00003"})
         std::filesystem::create_directories(Path(folder));
     const auto database = Restarted();
+    EXPECT_TRUE(database->Folders.Exists("RUVO00001")) << "in whatever case";
     state_.CurrentPatient = Patient("9", "before");
     state_.CurrentPatient.Height = 180;
     ASSERT_TRUE(database->AddQuickPatient());
