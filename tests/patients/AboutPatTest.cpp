@@ -66,6 +66,7 @@ TEST_F(AboutPatTest, AQuickPatientTakesTheLowestNumberWithoutAFolder)
     ASSERT_TRUE(database->AddQuickPatient());
     ASSERT_TRUE(database->AddQuickPatient());
     EXPECT_EQ(Column(database->Patients, 0), (Texts{"RUVO00002", "RUVO00004"}));
+    EXPECT_EQ(database->Patients.FindNumber("ruvo00004"), 1);
     EXPECT_EQ(database->SelectedRow(), 1);
     EXPECT_EQ(state_.CurrentPatient.No.Text(), "RUVO00004");
     EXPECT_EQ(state_.CurrentPatient.BirthYear.Text(), "0");
