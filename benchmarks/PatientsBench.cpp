@@ -15,6 +15,16 @@ void Activate(AboutPat& database)
     database.Activate([](std::int32_t done, std::int32_t) { benchmark::DoNotOptimize(done); });
 }
 
+// As it is after the first activation, with nobody deleted.
+AboutPat ActivatedDatabase()
+{
+    PatientDatabase& data = PatientDatabase::Instance();
+    data.WritePatients(0);
+    AboutPat database = data.Started();
+    Activate(database);
+    return database;
+}
+
 // With the compaction of a file in which as many slots are deleted as the argument says.
 void FirstActivation(benchmark::State& run)
 {
@@ -38,10 +48,7 @@ void FirstActivation(benchmark::State& run)
 // Everything is compared, by patterns that fit everybody.
 void Search(benchmark::State& run)
 {
-    PatientDatabase& data = PatientDatabase::Instance();
-    data.WritePatients(0);
-    AboutPat database = data.Started();
-    Activate(database);
+    AboutPat database = ActivatedDatabase();
     SearchConditions conditions;
     conditions.UseNo = conditions.UseName = conditions.UseAge = conditions.UseHeight = true;
     conditions.No.Set("000*");
@@ -53,10 +60,7 @@ void Search(benchmark::State& run)
 
 void SortColumn(benchmark::State& run)
 {
-    PatientDatabase& data = PatientDatabase::Instance();
-    data.WritePatients(0);
-    AboutPat database = data.Started();
-    Activate(database);
+    AboutPat database = ActivatedDatabase();
     for (auto _ : run)
         database.Patients.Sort(static_cast<int>(run.range(0)), true);
 }
@@ -64,10 +68,7 @@ void SortColumn(benchmark::State& run)
 // The live number status: a number that nobody has, looked for at each key.
 void FindNumber(benchmark::State& run)
 {
-    PatientDatabase& data = PatientDatabase::Instance();
-    data.WritePatients(0);
-    AboutPat database = data.Started();
-    Activate(database);
+    AboutPat database = ActivatedDatabase();
     for (auto _ : run)
         benchmark::DoNotOptimize(database.Patients.FindNumber("999999999"));
 }

@@ -1,4 +1,5 @@
-// The heart-rate trend of a 24-hour record, as it lies in the page cache: the scan, and the window up to its first picture.
+// The heart-rate trend of a 24-hour record, as it lies in the page cache: the scan, and the window up to its first
+// picture.
 #include "core/formats/FixedRecordFile.h"
 #include "rate/windows/frmRate.h"
 #include "support/ScriptedMessageBox.h"

@@ -1,5 +1,5 @@
-// Any bytes as a record file, under review: whatever a view, a centre and a saved analysis say, the reader stays inside the
-// file, and a beat gives the same bits each time it is measured.
+// Any bytes as a record file, under review: whatever a view, a centre and a saved analysis say, the reader stays inside
+// the file, and a beat gives the same bits each time it is measured.
 #include "analysis/AboutResult.h"
 #include "analysis/Diagnose.h"
 #include "analysis/HeartRateVariability.h"

@@ -1,6 +1,6 @@
 // Any bytes as a recording that is imported: it becomes a whole record of one patient, or leaves nothing at all.
 //
-//   byte 0: lead system   then up to a zero byte: patient number   up to the next: header   rest: the samples of "a", "b"
+//   byte 0: lead system   then, each up to a zero byte: patient number, header   rest: the samples of "a" and "b"
 #include "core/formats/RecordSample.h"
 #include "fuzz/Require.h"
 #include "patients/PatientFile.h"

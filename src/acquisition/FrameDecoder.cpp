@@ -23,6 +23,15 @@ constexpr int endPos = 32;
 
 constexpr int notReported = -1;
 
+// Which flags of a status frame are the state of a filter, lowest bit first.
+struct FilterFlags {
+    wire::Filter Filter;
+    int First;
+    int Last;
+};
+constexpr std::array<FilterFlags, wire::FilterCount> filterFlags{
+    {{wire::Filter::Ac, 1, 2}, {wire::Filter::Baseline, 3, 5}, {wire::Filter::Muscle, 6, 8}}};
+
 }  // namespace
 
 FrameDecoder::FrameDecoder(FrameSink& sink) : sink_(sink)
@@ -115,38 +124,14 @@ void FrameDecoder::TakeFlag(bool flag)
 
 void FrameDecoder::TakeStatusFlag(bool flag)
 {
-    auto& [ac, baseline, muscle] = filterState_;
-    const int bit = flag ? 1 : 0;
-    switch (framePos_) {
-    case 1:
-        ac = bit;
-        break;
-    case 2:
-        ac += 2 * bit;
-        Report(wire::Filter::Ac, ac);
-        break;
-    case 3:
-        baseline = bit;
-        break;
-    case 4:
-        baseline += 2 * bit;
-        break;
-    case 5:
-        baseline += 4 * bit;
-        Report(wire::Filter::Baseline, baseline);
-        break;
-    case 6:
-        muscle = bit;
-        break;
-    case 7:
-        muscle += 2 * bit;
-        break;
-    case 8:
-        muscle += 4 * bit;
-        Report(wire::Filter::Muscle, muscle);
-        break;
-    default:
-        break;
+    for (const auto& [filter, first, last] : filterFlags) {
+        if (framePos_ < first || framePos_ > last)
+            continue;
+        int& code = filterState_[static_cast<std::size_t>(filter)];
+        const int bit = flag ? 1 << (framePos_ - first) : 0;
+        code = framePos_ == first ? bit : code + bit;
+        if (framePos_ == last)
+            Report(filter, code);
     }
 }
 

@@ -5,8 +5,8 @@
 namespace ecg {
 namespace {
 
-constexpr std::array<float, 3> columnStep{10.0F, 5.0F, 2.5F};  // frames a column, by speed index
-constexpr std::size_t alternatingSpeed = 2;                    // 50 mm/s
+constexpr std::array<float, LiveSpeedCount> columnStep{10.0F, 5.0F, 2.5F};  // frames a column, by speed index
+constexpr std::size_t alternatingSpeed = 2;                                 // 50 mm/s
 constexpr int shortStep = 2;
 constexpr int longStep = 3;
 constexpr int framesPerTimeLabel = 100;

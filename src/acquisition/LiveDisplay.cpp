@@ -13,7 +13,7 @@ constexpr int captionDrop = 4;         // pixels from the trace down to its capt
 constexpr double tickLength = 5;       // pixels
 constexpr Colour beatRed{255, 0, 0};
 
-constexpr std::array<float, 3> gainScale{11.3F, 5.65F, 2.825F};  // counts a pixel, by gain index
+constexpr std::array<float, LiveGainCount> gainScale{11.3F, 5.65F, 2.825F};  // counts a pixel, by gain index
 
 // The calibration pulse at the start of every sweep, by column.
 constexpr int pulseRise = 8;

@@ -80,13 +80,13 @@ void LiveMonitor::SelectLeadSystem(int index)
 
 void LiveMonitor::SelectGain(int index)
 {
-    if (index >= 0 && index < 3)
+    if (index >= 0 && index < LiveGainCount)
         state_.SysInfo.GainIndex = static_cast<std::int16_t>(index);
 }
 
 void LiveMonitor::SelectSpeed(int index)
 {
-    if (index >= 0 && index < 3)
+    if (index >= 0 && index < LiveSpeedCount)
         state_.SysInfo.SpeedIndex = static_cast<std::int16_t>(index);
 }
 
@@ -135,7 +135,8 @@ void LiveMonitor::StartFeed()
     lastBytesMs_ = clock_.Milliseconds();
 }
 
-// What the box is told is the caller's. The rest of the frame that has begun is lost with the bytes that come from now on.
+// What the box is told is the caller's. The rest of the frame that has begun is lost with the bytes that come from now
+// on.
 void LiveMonitor::HaltFeed()
 {
     streaming_ = false;
@@ -243,8 +244,8 @@ void LiveMonitor::OnSecond()
         TryReconnect();
 }
 
-// A message lies over the main window and takes its keys, the one that ends the sampling among them; and a slow disk would
-// hold up the frames. The mail loses nothing by waiting in its file until the record is closed.
+// A message lies over the main window and takes its keys, the one that ends the sampling among them; and a slow disk
+// would hold up the frames. The mail loses nothing by waiting in its file until the record is closed.
 void LiveMonitor::OnMailboxTick()
 {
     if (state_.ExamState != ExamState::Sampling)

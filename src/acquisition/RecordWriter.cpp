@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::size_t headerAreaBytes = (FirstSampleSlot - 1) * sizeof(RecordSample);
 
-// Zeros where the header will stand are what a gap would read as. Written at the start, they keep its place on the disk:
-// a disk that fills up during the sampling still takes the header.
+// Zeros where the header will stand are what a gap would read as. Written at the start, they keep its place on the
+// disk: a disk that fills up during the sampling still takes the header.
 void ReserveHeader(ByteFile& file)
 {
     constexpr std::array<std::byte, headerAreaBytes> zeros{};

@@ -12,25 +12,17 @@ namespace {
 // Of any record, so that slot numbers near the end can be added to; 46 days.
 constexpr double mostSlots = 2e9;
 
-template <std::size_t Count>
-void PutColumn(LeadBlock& block, std::size_t column, const std::array<std::int16_t, Count>& leads)
-{
-    for (std::size_t lead = 0; lead < Count; ++lead)
-        block.Row(lead)[column] = leads[lead];
-}
-
-void PutWilson(LeadBlock& block, std::int64_t start, const StoredSlots& slots)
+// Column 0 of the block is the slot `start`.
+template <class Derive>
+void PutLeads(LeadBlock& block, std::int64_t start, const StoredSlots& slots, Derive derive)
 {
     auto column = static_cast<std::size_t>(slots.First - start);
-    for (const RecordSample& sample : slots.Samples)
-        PutColumn(block, column++, WholeCounts(DeriveWilsonLeads(ToFrame(sample))));
-}
-
-void PutFrank(LeadBlock& block, std::int64_t start, const StoredSlots& slots)
-{
-    auto column = static_cast<std::size_t>(slots.First - start);
-    for (const RecordSample& sample : slots.Samples)
-        PutColumn(block, column++, WholeCounts(DeriveFrankLeads(ToFrame(sample))));
+    for (const RecordSample& sample : slots.Samples) {
+        const auto leads = WholeCounts(derive(ToFrame(sample)));
+        for (std::size_t lead = 0; lead < leads.size(); ++lead)
+            block.Row(lead)[column] = leads[lead];
+        ++column;
+    }
 }
 
 }  // namespace
@@ -105,9 +97,9 @@ void AboutFile::ReadSamples(SampleTarget target, std::int32_t start, std::int32_
     const auto which = target == SampleTarget::Comparison ? WhichRecord::Comparison : WhichRecord::Current;
     const StoredSlots slots = ReadSlots(which, start, std::int64_t{start} + count);
     if (target == SampleTarget::FrankWindow)
-        PutFrank(block, start, slots);
+        PutLeads(block, start, slots, DeriveFrankLeads);
     else
-        PutWilson(block, start, slots);
+        PutLeads(block, start, slots, DeriveWilsonLeads);
     if (target != SampleTarget::View)
         return;
     RFlagList.fill(0);
@@ -121,7 +113,7 @@ void AboutFile::ReadFrankView()
 {
     EcgBlock.Clear();
     const std::int64_t start = BlockStart();
-    PutFrank(EcgBlock, start, ReadSlots(start, start + static_cast<std::int64_t>(ViewColumns)));
+    PutLeads(EcgBlock, start, ReadSlots(start, start + static_cast<std::int64_t>(ViewColumns)), DeriveFrankLeads);
 }
 
 bool AboutFile::SetRFlag(FlagAction action, std::int32_t slot)

@@ -54,8 +54,8 @@ public:
     // Writes `CurrentHeader` over the header of the current record. False when the record has none or the disk refuses.
     bool WriteHeader();
 
-    // Sets `SlotCount` or `CompareSlotCount` to the file's length in slots, to the nearest whole number; 0 without a file.
-    // Slots below that number exist: the last one of a file is never read, whole or not.
+    // Sets `SlotCount` or `CompareSlotCount` to the file's length in slots, to the nearest whole number; 0 without a
+    // file. Slots below that number exist: the last one of a file is never read, whole or not.
     void CountSlots(WhichRecord which);
 
     // Fills a block from slot `start` on. Slots that do not exist give 0, and so do the columns behind the first

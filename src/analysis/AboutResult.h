@@ -32,11 +32,12 @@ inline float RateScale(int heartRate)
 // Sets `HeartRate`, finds the lines of every lead, unifies them, measures. Reads four seconds of the record around
 // `CenterSlot`, and the view for `Measure`.
 //
-// With no flag in these four seconds, or 16 and more, nothing changes at all. With a single flag, or a rate outside 30 to
-// 240, `HeartRate` becomes 0 and nothing else changes.
+// With no flag in these four seconds, or 16 and more, nothing changes at all. With a single flag, or a rate outside 30
+// to 240, `HeartRate` becomes 0 and nothing else changes.
 void Delineate(AboutFile& file, LeadSystem system, BeatResult& result);
 
-// The lines over all leads: the earliest P onset and QRS onset, the latest QRS end and T end, the mean P end and T onset.
+// The lines over all leads: the earliest P onset and QRS onset, the latest QRS end and T end, the mean P end and T
+// onset.
 void UnifyLines(LeadSystem system, BeatResult& result);
 
 // Measures amplitudes, durations, ST levels and axis along the lines. `EcgBlock` holds the view with the beat; with the

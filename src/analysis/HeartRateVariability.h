@@ -1,4 +1,5 @@
-// Heart-rate variability in the time domain: what the intervals between beats of up to 15 minutes tell, without the signal.
+// Heart-rate variability in the time domain: what the intervals between beats of up to 15 minutes tell, without the
+// signal.
 //
 //   R flags ─► ReadRRSeries ─► intervals NN, their histogram, that of their second differences, a summary
 //                                  └─► ComputeHrvStats ─► SDNN, index, RMSD, SDSD, the pNN counts
@@ -50,12 +51,12 @@ inline constexpr std::int16_t Unknown = 10000;
 
 namespace ecg {
 
-// Reads the beats of the current record from `BlockStart` on, with any mark beside the flag, until 15 minutes are exceeded
-// or 901 beats are found, and fills the rows of intervals, histograms and summary.
+// Reads the beats of the current record from `BlockStart` on, with any mark beside the flag, until 15 minutes are
+// exceeded or 901 beats are found, and fills the rows of intervals, histograms and summary.
 void ReadRRSeries(AboutFile& file);
 
-// Fills the rows `Deviations` and `ExceedingCounts` from a block that `ReadRRSeries` has filled. They are `Unknown` without
-// an interval; `RMSD` and `SDSD` need two.
+// Fills the rows `Deviations` and `ExceedingCounts` from a block that `ReadRRSeries` has filled. They are `Unknown`
+// without an interval; `RMSD` and `SDSD` need two.
 void ComputeHrvStats(LeadBlock& block);
 
 }  // namespace ecg

@@ -26,9 +26,9 @@ using QtStats = std::array<std::int16_t, QtStatCount>;
 inline constexpr std::size_t ShortestQt = 13;
 inline constexpr std::size_t LongestQt = 14;
 
-// Measures the QT of each lead from the common onset, in place of the one that `Measure` left in `QT`, and the shortest and
-// the longest of them; returns the statistics. Without a heart rate they are `NotComputed`, and so is each one that does not
-// fit 16 bits (of lines that were never set, or of a damaged record).
+// Measures the QT of each lead from the common onset, in place of the one that `Measure` left in `QT`, and the shortest
+// and the longest of them; returns the statistics. Without a heart rate they are `NotComputed`, and so is each one that
+// does not fit 16 bits (of lines that were never set, or of a damaged record).
 QtStats ComputeQtStats(BeatResult& result);
 
 // The colour diagram: a bar for each lead, as high as its QT exceeds the shortest.

@@ -1,8 +1,8 @@
 // The R flags of a stored record: the slots that are heart beats.
 //
 // A flag is bit 15 of word 0, set while the record was made or by the doctor's hand. Bits 12 to 14 beside it should be
-// 0. Where they are not, the beat is in doubt, and the two kinds of work differ: what shows and measures beats passes it
-// over, and so does the rate trend, which shows them too; what makes statistics of intervals takes it.
+// 0. Where they are not, the beat is in doubt, and the two kinds of work differ: what shows and measures beats passes
+// it over, and so does the rate trend, which shows them too; what makes statistics of intervals takes it.
 #pragma once
 
 #include "core/formats/RecordSample.h"

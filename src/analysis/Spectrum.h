@@ -56,20 +56,20 @@ struct SpectrumResult {
     std::array<std::size_t, 2> DftLeads{lead::II, lead::V5};  // input, output; below `WilsonLeadCount`
 };
 
-// Reads the samples on view, computes their spectra and, in the double-lead layout, sets the marks. `heartRate` is 0 when
-// unknown. False, and `result` as it was, when the 8 seconds from `BlockStart` on hold no beat that is more than 4 seconds
-// behind the first.
+// Reads the samples on view, computes their spectra and, in the double-lead layout, sets the marks. `heartRate` is 0
+// when unknown. False, and `result` as it was, when the 8 seconds from `BlockStart` on hold no beat that is more than 4
+// seconds behind the first.
 bool AnalyseSpectrum(AboutFile& file, SpectrumLayout layout, int heartRate, SpectrumResult& result);
 
 // The steps of it.
 
-// Takes every tenth sample of twelve leads, from the first R flag of the view (with any mark beside it) to the first one
-// that is more than 4 seconds behind it, into `EcgBlock` from column 0 on. Returns N, even, at most `LongestSpectrum`; 0
-// without such flags, and `EcgBlock` is as it was. There is no filter against aliases.
+// Takes every tenth sample of twelve leads, from the first R flag of the view (with any mark beside it) to the first
+// one that is more than 4 seconds behind it, into `EcgBlock` from column 0 on. Returns N, even, at most
+// `LongestSpectrum`; 0 without such flags, and `EcgBlock` is as it was. There is no filter against aliases.
 int ReadSpectrumSamples(AboutFile& file);
 
-// Computes from the first `length` columns of `block`: all leads, or the two `DftLeads` with phase and impulse response.
-// `length` is even; outside `ShortestSpectrum` to `LongestSpectrum` nothing is computed.
+// Computes from the first `length` columns of `block`: all leads, or the two `DftLeads` with phase and impulse
+// response. `length` is even; outside `ShortestSpectrum` to `LongestSpectrum` nothing is computed.
 void ComputeSpectrum(const LeadBlock& block, int length, SpectrumLayout layout, SpectrumResult& result);
 
 // Sets the five marks of a lead of `DftLeads` from its spectrum.

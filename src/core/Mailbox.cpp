@@ -26,8 +26,8 @@ bool LiesIn(const std::filesystem::path& file, const std::filesystem::path& fold
     return !relative.empty() && *relative.begin() != ".." && *relative.begin() != ".";
 }
 
-// The file of a record that is named by another program, which may name anything: only a ".W" or ".F" file inside the data
-// folder is a record. No other file of ours may have a header written over its beginning.
+// The file of a record that is named by another program, which may name anything: only a ".W" or ".F" file inside the
+// data folder is a record. No other file of ours may have a header written over its beginning.
 std::optional<std::filesystem::path> RecordFile(const Folders& folders, const std::string& storedPath)
 {
     std::error_code error;

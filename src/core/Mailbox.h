@@ -1,10 +1,10 @@
-// The mailbox: one record, in `Comm.dat` of the data folder, by which an examination goes to a centre and comes back. An
-// outside transfer program takes it from there and brings it back.
+// The mailbox: one record, in `Comm.dat` of the data folder, by which an examination goes to a centre and comes back.
+// An outside transfer program takes it from there and brings it back.
 //
 //   0 empty ── PostToMailbox ──► 1 posted ── transfer program ──► 2 has come back ── Poll ──► 0
 //
-// Both programs open the file only briefly and nothing is locked: the last writer wins. Of a file that is shorter than its
-// record nothing is believed.
+// Both programs open the file only briefly and nothing is locked: the last writer wins. Of a file that is shorter than
+// its record nothing is believed.
 #pragma once
 
 #include "core/SharedState.h"
@@ -35,8 +35,8 @@ public:
     // taken away yet is replaced only when the user says so.
     PostOutcome PostToMailbox(Byte selectedBeat, const MeasuredParams& params);
 
-    // Looks whether a record has come back. If so the mailbox is emptied first, then the centre becomes the doctor of the
-    // record, and the user is told. No failure is shown: a mailbox that cannot be emptied is left for the next poll
+    // Looks whether a record has come back. If so the mailbox is emptied first, then the centre becomes the doctor of
+    // the record, and the user is told. No failure is shown: a mailbox that cannot be emptied is left for the next poll
     // without a word, and a record that is not a file of this data folder is not touched.
     //
     // A record that does not exist is made, with a header and no samples.

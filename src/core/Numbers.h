@@ -41,8 +41,8 @@ std::string FormatDecimal(double value, int decimals);
 // `value` with at least `width` digits: FormatZeros(7, 2) is "07".
 std::string FormatZeros(std::int64_t value, int width);
 
-// The value of a decimal number as a person types it: digits, at most one point, perhaps a minus, blanks around. Anything
-// else, an exponent, or more than 64 characters is no number.
+// The value of a decimal number as a person types it: digits, at most one point, perhaps a minus, blanks around.
+// Anything else, an exponent, or more than 64 characters is no number.
 std::optional<double> ParseDecimal(std::string_view text);
 
 }  // namespace ecg

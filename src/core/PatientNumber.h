@@ -6,9 +6,9 @@
 
 namespace ecg {
 
-// The folder's name of `number` (UTF-8), and the form in which numbers are listed and compared. Trailing blanks and NULs
-// are cut; digits, with or without blanks in front, are padded with zeros to nine. Anything else stays as it stands:
-// "1.5", "1e3" and "-5" are texts, for rounding them would make one patient of two.
+// The folder's name of `number` (UTF-8), and the form in which numbers are listed and compared. Trailing blanks and
+// NULs are cut; digits, with or without blanks in front, are padded with zeros to nine. Anything else stays as it
+// stands: "1.5", "1e3" and "-5" are texts, for rounding them would make one patient of two.
 //
 // The result never leads out of the data folder: separators and control characters become "_", and so does each dot of
 // a name that is nothing but dots. Only a blank number gives "".

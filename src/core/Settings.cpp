@@ -8,6 +8,8 @@
 namespace ecg {
 namespace {
 
+constexpr int factoryGain = 0;
+constexpr int factorySpeed = 1;
 constexpr int factoryDepth5mmColour = 1;
 constexpr int factoryDepth1mmColour = 1;
 constexpr int factoryDepth5mmMono = 3;
@@ -18,8 +20,8 @@ constexpr std::array<int, ExaminationCount> factorySeconds{15, 15, 15, 300, 15, 
 void LoadSampling(SysInfo& settings)
 {
     settings.LeadSystem = 0;
-    settings.GainIndex = 0;
-    settings.SpeedIndex = 1;
+    settings.GainIndex = factoryGain;
+    settings.SpeedIndex = factorySpeed;
     settings.SampleLimit = 0;
     settings.FilterOn = {1, 1, 1};
     settings.FilterIndex = {0, 2, 2};
@@ -145,12 +147,12 @@ PrintColours DerivePrintColours(const SysInfo& settings)
 
 std::size_t LiveGainIndex(const SysInfo& settings)
 {
-    return InRange(settings.GainIndex, 3, 0);
+    return InRange(settings.GainIndex, LiveGainCount, factoryGain);
 }
 
 std::size_t LiveSpeedIndex(const SysInfo& settings)
 {
-    return InRange(settings.SpeedIndex, 3, 1);
+    return InRange(settings.SpeedIndex, LiveSpeedCount, factorySpeed);
 }
 
 }  // namespace ecg

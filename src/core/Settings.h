@@ -50,7 +50,10 @@ inline constexpr int HueCount = 3;  // red, green, blue
 // How many settings each filter offers: AC, baseline, muscle.
 inline constexpr std::array<int, 3> FilterChoiceCounts{2, 4, 6};
 
-// Indices of the live display; what the file holds outside 0 to 2 falls back to the factory value.
+inline constexpr int LiveGainCount = 3;
+inline constexpr int LiveSpeedCount = 3;
+
+// Indices of the live display; what the file holds outside its range falls back to the factory value.
 std::size_t LiveGainIndex(const SysInfo& settings);
 std::size_t LiveSpeedIndex(const SysInfo& settings);
 

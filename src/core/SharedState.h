@@ -3,6 +3,7 @@
 
 #include "core/DataFolder.h"
 #include "core/Language.h"
+#include "core/ReviewKinds.h"
 #include "core/Settings.h"
 #include "core/formats/CommRecord.h"
 #include "core/formats/PatientRecord.h"
@@ -38,19 +39,19 @@ struct SharedState {
     PatientRecord ReferencePatient;  // of a record chosen for comparison
     RecordHeader CurrentHeader;
     RecordHeader WorkHeader;        // of the record whose department and bed are being changed
+    std::string RecordPath;         // record in review, from the data folder on, with backslashes
     std::string ComparePath;        // record chosen for comparison, likewise; "Cancel": none, "": not chosen yet
     std::string CurrentRecordFile;  // name of the file that is selected in the database window
-    std::string RecordPath;         // record in review, from the data folder on, with backslashes
     Byte RecordOpenMode = 0;        // 1 the record came from acquisition, 0 from the database window
 
     // How the window opened next is to behave.
-    int HelpContext = 0;
-    int PatInputMode = 0;
-    int PatWindowMode = 0;
-    int EventMode = 0;
+    int HelpContext = 0;    // 254 or 255, by opener: which help is asked for; 255 at the start: only load the database
+    int PatInputMode = 0;   // `EntryMode`: 0 adds a patient, 1 modifies the selected one, 2 sets up an examination
+    int PatWindowMode = 0;  // 2 picks a record for comparison; else the database is managed
+    int EventMode = 0;      // 0 during a sampling; else a review, 6 of Wilson and 7 of Frank records
 
-    int EcgForm = 0;     // layout of the last review, for the next one
-    int ReviewMode = 0;  // of the review from which a window is opened: 0 ECG, 1 spectrum, 2 QT, 3 HRV, 4 pacing
+    ecg::EcgForm EcgForm = ecg::EcgForm::Rows12;        // of the last review, for the next one
+    ecg::ReviewMode ReviewMode = ecg::ReviewMode::Ecg;  // of the review from which a window is opened
 
     CommRecord MailBox;
 

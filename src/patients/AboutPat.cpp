@@ -7,6 +7,7 @@
 #include <utility>
 
 namespace ecg {
+
 AboutPat::AboutPat(SharedState& state, FileSystem& files, Clock& clock)
     : File(files, state.Folders.Data), Folders(files, state.Folders.Data), state_(state), files_(files), clock_(clock)
 {}

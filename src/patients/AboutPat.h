@@ -57,8 +57,8 @@ public:
     // Writes `CurrentPatient` over the selected row's slot and loads it anew. False when the disk refuses.
     bool RewritePatient();
 
-    // Sorts a grid by a header, the other way at each call, and keeps the selection on its patient or record. The second
-    // returns the new row of the record that was in `row`; `NoRow` when there was none.
+    // Sorts a grid by a header, the other way at each call, and keeps the selection on its patient or record. The
+    // second returns the new row of the record that was in `row`; `NoRow` when there was none.
     void SortPatients(int header);
     int SortRecords(int header, int row);
 

@@ -1,7 +1,7 @@
 // The event table of a record as the event window edits it: 46 slots, each with a position in the record and a text.
 //
-// The editor works on its own copy of the table; the caller has it stored with `StoreInto`. An event entered while the window
-// is open has no position until then, and takes the one that is on view: all new events share it.
+// The editor works on its own copy of the table; the caller has it stored with `StoreInto`. An event entered while the
+// window is open has no position until then, and takes the one that is on view: all new events share it.
 #pragma once
 
 #include "core/formats/RecordHeader.h"
@@ -35,9 +35,9 @@ public:
     // The slot of the record file where the event of `row` lies; nothing for a row without one.
     std::optional<std::int32_t> Position(int row) const;
 
-    // Puts the edited table into `header`; new events lie at `blockStart`, the slot on view, 1 at the least. A header of
-    // another examination time takes the new events alone: sampling began again, and the older ones lay in the recording
-    // that is gone.
+    // Puts the edited table into `header`; new events lie at `blockStart`, the slot on view, 1 at the least. A header
+    // of another examination time takes the new events alone: sampling began again, and the older ones lay in the
+    // recording that is gone.
     void StoreInto(RecordHeader& header, std::int32_t blockStart) const;
 
 private:

@@ -47,9 +47,10 @@ struct PatientDraft {
 // bed.
 PatientDraft DraftOf(const PatientRecord& patient, int year);
 
-// The record that the fields make. An empty age, height or weight counts as 0; the year of birth is `year` less the age.
-// Modifying a patient above 100, whose age is shown empty, therefore makes the age 0 unless it is typed again: meant.
-// Numbers are rounded to whole ones and must have passed `InRange`. A text that is the one of `before` keeps its bytes.
+// The record that the fields make. An empty age, height or weight counts as 0; the year of birth is `year` less the
+// age. Modifying a patient above 100, whose age is shown empty, therefore makes the age 0 unless it is typed again:
+// meant. Numbers are rounded to whole ones and must have passed `InRange`. A text that is the one of `before` keeps its
+// bytes.
 PatientRecord GatherPatient(const PatientDraft& draft, int year, PatientRecord before = {});
 
 // Whether a field takes numbers only: age, height, weight, postal code.

@@ -32,7 +32,8 @@ public:
 
     // A field has this text now. False when it takes only numbers and the text is none: it is then cut, character by
     // character, to one. Without a patient's number all other fields are emptied, whatever was typed: the number comes
-    // first, and that is meant. In an examination the number of a patient fills them, and any other number empties them.
+    // first, and that is meant. In an examination the number of a patient fills them, and any other number empties
+    // them.
     bool Type(PatientField field, std::string_view text);
 
     // The keyboard leaves a field. False when its value is out of range: the field is then empty.

@@ -3,8 +3,8 @@
 // A deleted patient leaves a slot whose number is blank; compaction drops such slots, keeping the order of the others.
 // The file is open only inside one operation, and every operation ends on the disk itself.
 //
-// Compaction writes the live patients to `PatTemp.lib`, flushes it, and renames it over `Patient.lib`. There is no moment
-// without a whole `Patient.lib`, so a crash costs nothing but a `PatTemp.lib` that the next start removes.
+// Compaction writes the live patients to `PatTemp.lib`, flushes it, and renames it over `Patient.lib`. There is no
+// moment without a whole `Patient.lib`, so a crash costs nothing but a `PatTemp.lib` that the next start removes.
 #pragma once
 
 #include "core/formats/PatientRecord.h"

@@ -17,8 +17,8 @@ namespace ecg {
 inline constexpr const char* PatientMoveFileName = "PatMove.lib";
 
 // Gives the selected patient all fields of `record`, the number too. No other patient may have that number. A folder
-// that already bears it is taken over with its records. False when the disk refuses; the patient then keeps the old number
-// and the records that have not gone over yet.
+// that already bears it is taken over with its records. False when the disk refuses; the patient then keeps the old
+// number and the records that have not gone over yet.
 bool RenumberPatient(AboutPat& database, const PatientRecord& record);
 
 // Finishes a new number that a crash has interrupted. To be called before compaction changes the positions.

@@ -25,12 +25,13 @@ struct Removal {
 };
 
 // Deletes the patients of `rows`, ascending: first the records of each, then its slot, then its folder, so that no
-// crash leaves records that belong to nobody, or a patient whose number counts as free. Stops at the first that cannot be deleted. Afterwards the nearest row
-// that is left is selected and loaded; without one, `CurrentPatient` is blank. `progress` also hears of the start.
+// crash leaves records that belong to nobody, or a patient whose number counts as free. Stops at the first that cannot
+// be deleted. Afterwards the nearest row that is left is selected and loaded; without one, `CurrentPatient` is blank.
+// `progress` also hears of the start.
 Removal RemovePatients(AboutPat& database, const std::vector<int>& rows, const RowProgress& progress);
 
-// Deletes the files of the records from one row to the other, either way round, and their rows. Returns how many; a file
-// that cannot be removed keeps its row. The patient's count follows.
+// Deletes the files of the records from one row to the other, either way round, and their rows. Returns how many; a
+// file that cannot be removed keeps its row. The patient's count follows.
 int RemoveRecords(AboutPat& database, int from, int to);
 
 }  // namespace ecg

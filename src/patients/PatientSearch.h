@@ -43,17 +43,19 @@ struct SearchForm {
 // The form as it opens, with what was last taken. Bounds that were never set are empty.
 SearchForm FormOf(const SearchConditions& conditions);
 
-// Takes the form. A checked box with an empty text, or with bounds that are not both numbers, sets no condition. A bound
-// outside 0 to 255 leaves the one before.
+// Takes the form. A checked box with an empty text, or with bounds that are not both numbers, sets no condition. A
+// bound outside 0 to 255 leaves the one before.
 void TakeForm(SearchConditions& conditions, const SearchForm& form);
 
-// Whether a patient meets all conditions. `year` is the current one; the age is compared even when the grid leaves it empty.
+// Whether a patient meets all conditions. `year` is the current one; the age is compared even when the grid leaves it
+// empty.
 //
 // A number pattern is formatted as a number first: "12" finds 000000012 alone, and "12*", which is no number, only
 // numbers that are texts; a prefix of digits is written with its zeros, "00000*".
 bool Matches(const PatientRecord& patient, const SearchConditions& conditions, int year);
 
-// Shows the rows that match and hides the others, by what the file holds. A row whose slot cannot be read stays as it is.
+// Shows the rows that match and hides the others, by what the file holds. A row whose slot cannot be read stays as it
+// is.
 void FilterPatients(PatientTable& patients, const PatientFile& file, const SearchConditions& conditions, int year);
 
 }  // namespace ecg

@@ -18,8 +18,8 @@ public:
     // Null when the file cannot be opened.
     virtual std::unique_ptr<ByteFile> Open(const std::filesystem::path& path, OpenMode mode) = 0;
 
-    // Gives a file or folder another name at once, and has the disk confirm it. A file takes the place of the one that had
-    // the name; a folder only that of an empty one.
+    // Gives a file or folder another name at once, and has the disk confirm it. A file takes the place of the one that
+    // had the name; a folder only that of an empty one.
     virtual bool Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
 
     // Removes a file or an empty folder. False when it is still there, or never was.

@@ -25,9 +25,7 @@ bool HasSamples(std::int32_t slotCount)
 EcgForm FormOnOpening(const SharedState& state)
 {
     // Contrast needs another record, which is chosen for the one in review and not for the next.
-    const auto last = static_cast<std::size_t>(state.EcgForm);
-    return last < EcgFormCount && static_cast<EcgForm>(last) != EcgForm::Contrast ? static_cast<EcgForm>(last)
-                                                                                  : EcgForm::Rows12;
+    return state.EcgForm == EcgForm::Contrast ? EcgForm::Rows12 : state.EcgForm;
 }
 
 std::size_t Present(std::int32_t slotCount, std::int32_t start, std::size_t wanted)
@@ -202,7 +200,7 @@ bool RecordReview::SetForm(EcgForm form)
 {
     if (!Try(View.Form, form, [this] { return ReadView(); }))
         return false;
-    state_.EcgForm = static_cast<int>(form);
+    state_.EcgForm = form;
     return true;
 }
 

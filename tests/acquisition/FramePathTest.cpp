@@ -107,10 +107,10 @@ TEST_F(FramePathTest, ASamplingGetsEveryMarkedFrameUntilItsLimit)
 TEST_F(FramePathTest, AFrankSamplingHasNoLastChannelsAndByHandNoLimit)
 {
     StartSampling(false);
-    Take(LeadSystem::Frank, std::vector<Frame>(299, LevelFrame(2100)));
+    Take(LeadSystem::Frank, std::vector<Frame>(299, {2001, 2002, 2003, 2004, 2005, 2006, 7, 8}));
     ASSERT_EQ(Written.size(), 299U);
     EXPECT_THAT(Times, ElementsAre(Pair(LeadSystem::Frank, 100), Pair(LeadSystem::Frank, 200)));
-    EXPECT_EQ(ToFrame(Written[260].second), (Frame{2100, 2100, 2100, 2100, 2100, 2100, 0, 0}));
+    EXPECT_EQ(ToFrame(Written[260].second), (Frame{2001, 2002, 2003, 2004, 2005, 2006, 0, 0}));
 }
 
 }  // namespace

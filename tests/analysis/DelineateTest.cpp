@@ -144,16 +144,6 @@ TEST_F(DelineateTest, FlatLineHasTheLinesThatTiesGive)
         EXPECT_EQ(FromFlag(lines, 2500 - 499), expected);
 }
 
-TEST_F(DelineateTest, NoBeatNearAnyEndOfARecordDoesHarm)
-{
-    Store(KnownFrames(900));
-    for (const std::int32_t slot : {-2147483647 - 1, -700, 0, 300, 450, 850, 1199, 1700, 2147483647})
-        for (const LeadSystem system : {LeadSystem::Wilson, LeadSystem::Frank})
-            EXPECT_TRUE(SameBits(Beat(slot, system), Beat(slot, system))) << slot;
-    Store(std::vector<Frame>(3000, Frame{-1, -1, -1, -1, -1, -1, -1, -1}));
-    EXPECT_EQ(Beat(1500).Params.HeartRate, 0);
-}
-
 TEST(DelineationSteps, ValleyBehindTheReachOfTheQrsEndLeavesTheLeadItsFixedLines)
 {
     LeadSearch far;
@@ -178,6 +168,18 @@ TEST(DelineationSteps, PlacesGoToTheEvenOneOfTwoThatAreAsNear)
     EXPECT_EQ(search.Beside(500, -3), 498) << "498.5";
     EXPECT_EQ(search.Beside(501, -3), 500) << "499.5";
     EXPECT_EQ(search.Beside(500, 25), 512) << "512.5";
+}
+
+TEST(DelineationSteps, PEndsBehindItsLaterPartUnlessTheOtherStandsOut)
+{
+    for (const auto& [depth, end] : {std::pair{30, 402}, {31, 417}}) {  // counts, of a part before that is 100 high
+        LeadSearch search;
+        search.Lines[QrsOn] = 440;
+        search.Smooth[400] = 100;
+        search.Smooth[415] = static_cast<float>(-depth);
+        FindPEnd(search);
+        EXPECT_EQ(search.Lines[POff], end) << depth;
+    }
 }
 
 TEST(DelineationSteps, TEndFarFromTheBaselineIsWhereTheSlopeIsLeast)

@@ -43,22 +43,13 @@ TEST_F(MeasureLeadTest, AmplitudesStandOnTheLevelBeforeQrs)
     Fill(141, 145, 10 + 6);
     Lines[QPoint] = 65;
     Measure();
-    EXPECT_EQ(Counts(Params.PPlus[4]), 40);
-    EXPECT_EQ(Counts(Params.PMinus[4]), -5) << "more than a tenth of P+";
-    EXPECT_EQ(Counts(Params.PAmp[4]), 45);
-    EXPECT_EQ(Counts(Params.QAmp[4]), -25);
-    EXPECT_EQ(Counts(Params.RAmp[4]), 400);
-    EXPECT_EQ(Counts(Params.SAmp[4]), -160);
-    EXPECT_EQ(Params.R2Amp[4], 0);
-    EXPECT_EQ(Params.S2Amp[4], 0);
-    EXPECT_EQ(Counts(Params.STm[4]), 2.23) << "(7 + 62) / 31";
-    EXPECT_EQ(Counts(Params.STJ[4]), 7);
-    EXPECT_EQ(Counts(Params.ST20[4]), 62);
-    EXPECT_EQ(Counts(Params.ST40[4]), 0);
-    EXPECT_EQ(Counts(Params.ST80[4]), -50);
-    EXPECT_EQ(Counts(Params.TPlus[4]), 6);
-    EXPECT_EQ(Counts(Params.TMinus[4]), -50);
-    EXPECT_EQ(Counts(Params.TAmp[4]), 56);
+    const auto& p = Params;
+    const auto counts = [](const auto&... fields) { return std::vector{Counts(fields[4])...}; };
+    EXPECT_EQ(counts(p.PPlus, p.PMinus, p.PAmp), (std::vector{40.0, -5.0, 45.0})) << "P- is more than a tenth of P+";
+    EXPECT_EQ(counts(p.QAmp, p.RAmp, p.SAmp, p.R2Amp, p.S2Amp), (std::vector{-25.0, 400.0, -160.0, 0.0, 0.0}));
+    EXPECT_EQ(counts(p.STm, p.STJ, p.ST20, p.ST40, p.ST80), (std::vector{2.23, 7.0, 62.0, 0.0, -50.0}))
+        << "(7 + 62) / 31";
+    EXPECT_EQ(counts(p.TPlus, p.TMinus, p.TAmp), (std::vector{6.0, -50.0, 56.0}));
     EXPECT_EQ(Params.Complex[4].Text(), "qRS") << "0.08, 1.29 and 0.517 mV";
 
     Fill(26, 40, 10 - 3);
@@ -121,26 +112,16 @@ TEST_F(MeasureLeadTest, SecondWavesLieBehindTheTail)
 
 TEST(QrsAxis, FollowsTheNetDeflectionsOfIAndIII)
 {
-    struct Case {
-        int A, B, Axis;
-    };
-    for (const Case& c : {Case{-1, -1, 120},
-                          {1, 0, 30},
-                          {1, 1, 60},
-                          {1, -1, -30},
-                          {0, 0, 30},
-                          {0, 5, 90},
-                          {0, -5, -90},
-                          {-1, 0, 150},
-                          {-1, 1, 150},
-                          {-2, 1, 180},
-                          {2, -1, 0},
-                          {3, 4, 65}}) {
+    constexpr std::array<int, 3> cases[]{// I, III, axis
+                                         {-1, -1, 120}, {1, 0, 30},   {1, 1, 60},   {1, -1, -30},
+                                         {0, 0, 30},    {0, 5, 90},   {0, -5, -90}, {-1, 0, 150},
+                                         {-1, 1, 150},  {-2, 1, 180}, {2, -1, 0},   {3, 4, 65}};
+    for (const auto& [a, b, axis] : cases) {
         std::array<std::int16_t, 50> one{};
         std::array<std::int16_t, 50> three{};
-        one[20] = static_cast<std::int16_t>(c.A);  // a single sample passes the filter but for a fiftieth
-        three[20] = static_cast<std::int16_t>(c.B);
-        EXPECT_EQ(QrsAxis(SampleRow(one), SampleRow(three), 20, 20), static_cast<float>(c.Axis)) << c.A << ", " << c.B;
+        one[20] = static_cast<std::int16_t>(a);  // a single sample passes the filter but for a fiftieth
+        three[20] = static_cast<std::int16_t>(b);
+        EXPECT_EQ(QrsAxis(SampleRow(one), SampleRow(three), 20, 20), static_cast<float>(axis)) << a << ", " << b;
     }
     std::array<std::int16_t, 50> steady{};
     steady.fill(1000);
@@ -208,15 +189,15 @@ TEST_F(MeasureTest, WhatLiesBeforeTheViewIsNotMeasured)
 
 TEST_F(MeasureTest, LinesOfADamagedHeaderDoNoHarm)
 {
-    constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
-    constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
-    for (const std::int32_t start : {lowest, 0, highest})
-        for (const LeadLines& damaged :
-             {LeadLines{lowest, lowest, lowest, lowest, lowest, lowest, lowest, lowest, lowest},
-              LeadLines{highest, highest, highest, highest, highest, highest, highest, highest, highest},
-              LeadLines{0, highest, 0, highest, 0, highest, lowest, lowest, lowest},
-              LeadLines{highest, 0, highest, 0, highest, 0, highest, lowest, highest},
-              LeadLines{36195, 36199, 36199, 36199, 36300, 36400, 36199, 36201, 36198}}) {
+    constexpr std::int32_t low = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int32_t high = std::numeric_limits<std::int32_t>::max();
+    const LeadLines damages[]{{low, low, low, low, low, low, low, low, low},
+                              {high, high, high, high, high, high, high, high, high},
+                              {0, high, 0, high, 0, high, low, low, low},
+                              {high, 0, high, 0, high, 0, high, low, high},
+                              {36195, 36199, 36199, 36199, 36300, 36400, 36199, 36201, 36198}};
+    for (const std::int32_t start : {low, 0, high})
+        for (const LeadLines& damaged : damages) {
             State.BlockStart = start;
             BeatResult beat = Laid(damaged);
             beat.Params.HeartRate = 1;

@@ -22,15 +22,8 @@ class SpectrumSamples : public RecordFixture {};
 TEST_F(SpectrumSamples, ReachFromBeatToBeatOverFourSeconds)
 {
     // Places of two flags, samples at 50 Hz.
-    constexpr std::array<std::array<int, 3>, 9> cases{{{0, 2000, 0},
-                                                       {0, 2001, 200},
-                                                       {0, 2005, 200},
-                                                       {0, 2015, 202},
-                                                       {0, 2010, 200},
-                                                       {7, 4000, 398},
-                                                       {0, 4000, 400},
-                                                       {0, 4001, 0},
-                                                       {3000, 4000, 0}}};
+    constexpr std::array<int, 3> cases[]{{0, 2000, 0},   {0, 2001, 200}, {0, 2005, 200}, {0, 2015, 202}, {0, 2010, 200},
+                                         {7, 4000, 398}, {0, 4000, 400}, {0, 4001, 0},   {3000, 4000, 0}};
     for (const auto& [first, second, length] : cases) {
         StoreFlags(4500, {300 + first, 300 + second});
         EXPECT_EQ(ReadSpectrumSamples(File), length) << first << " " << second;

@@ -56,15 +56,11 @@ TEST(SettingsDraft, ADamagedRecordShowsAsAValidOne)
         const SysInfo& values = draft.Values;
         for (std::size_t i = 0; i < values.FilterIndex.size(); ++i)
             EXPECT_LT(values.FilterIndex[i], FilterChoiceCounts[i]);
-        for (const Byte show : values.LeadShow)
-            EXPECT_LE(show, 1);
-        EXPECT_LE(values.PrintMono, 1);
-        EXPECT_LE(values.PrintPortrait, 1);
-        EXPECT_LT(values.GridHue, 3);
-        EXPECT_LT(values.Depth1mmColour, 4);
-        EXPECT_LT(values.Depth5mmColour, 4);
-        EXPECT_LT(values.Depth1mmMono, 8);
-        EXPECT_LT(values.Depth5mmMono, 8);
+        for (const Byte flag : values.LeadShow)
+            EXPECT_LE(flag, 1);
+        EXPECT_TRUE(values.PrintMono <= 1 && values.PrintPortrait <= 1 && values.GridHue < 3) << byte;
+        EXPECT_TRUE(values.Depth1mmColour < 4 && values.Depth5mmColour < 4) << byte;
+        EXPECT_TRUE(values.Depth1mmMono < 8 && values.Depth5mmMono < 8) << byte;
     }
 }
 

@@ -25,14 +25,11 @@ constexpr std::array<Byte, 94> factoryBytes{
 
 TEST(Settings, FactoryGroupsSetTheseBytesAndNoOthers)
 {
-    struct Group {
-        FactoryGroup Name;
-        std::size_t First;
-        std::size_t End;
-    };
-    for (const auto& [group, first, end] :
-         {Group{FactoryGroup::Sampling, 3916, 3983}, Group{FactoryGroup::Report, 3983, 3992},
-          Group{FactoryGroup::Colours, 3992, 4010}, Group{FactoryGroup::All, 3916, 4010}}) {
+    constexpr std::tuple<FactoryGroup, std::size_t, std::size_t> groups[]{{FactoryGroup::Sampling, 3916, 3983},
+                                                                          {FactoryGroup::Report, 3983, 3992},
+                                                                          {FactoryGroup::Colours, 3992, 4010},
+                                                                          {FactoryGroup::All, 3916, 4010}};
+    for (const auto& [group, first, end] : groups) {
         SysInfo settings = FilledWith(unset);
         SysInfo expected = settings;
         std::memcpy(reinterpret_cast<Byte*>(&expected) + first, &factoryBytes[first - factoryStart], end - first);
@@ -88,11 +85,7 @@ TEST(Settings, PrintColoursFollowModeHueAndDepths)
         EXPECT_EQ(DerivePrintColours(settings).Grid5mm, (Colour{grey, grey, grey}));
         EXPECT_EQ(DerivePrintColours(settings).Grid1mm, (Colour{fineGrey, fineGrey, fineGrey}));
     }
-}
-
-TEST(Settings, DamagedPrintFieldsGiveTheFactoryColours)
-{
-    SysInfo settings = FilledWith(0xFF);
+    settings = FilledWith(0xFF);  // damaged: the factory's
     EXPECT_EQ(DerivePrintColours(settings).Grid5mm, (Colour{180, 50, 50}));
     settings.PrintMono = 1;
     EXPECT_EQ(DerivePrintColours(settings).Grid5mm, (Colour{100, 100, 100}));

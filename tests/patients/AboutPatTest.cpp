@@ -60,11 +60,13 @@ TEST_F(AboutPatTest, AQuickPatientTakesTheLowestNumberWithoutAFolder)
     for (const char* folder : {"RUVO00000", "ruvo00001", "RUVO00003"})
         std::filesystem::create_directories(Path(folder));
     const auto database = Restarted();
+    EXPECT_TRUE(database->Folders.Exists("RUVO00001")) << "in whatever case";
     state_.CurrentPatient = Patient("9", "before");
     state_.CurrentPatient.Height = 180;
     ASSERT_TRUE(database->AddQuickPatient());
     ASSERT_TRUE(database->AddQuickPatient());
     EXPECT_EQ(Column(database->Patients, 0), (Texts{"RUVO00002", "RUVO00004"}));
+    EXPECT_EQ(database->Patients.FindNumber("ruvo00004"), 1);
     EXPECT_EQ(database->SelectedRow(), 1);
     EXPECT_EQ(state_.CurrentPatient.No.Text(), "RUVO00004");
     EXPECT_EQ(state_.CurrentPatient.BirthYear.Text(), "0");

@@ -3,7 +3,8 @@
 
 #include "patients/RecordTable.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <span>
 
 namespace ecg {
 namespace {
@@ -42,22 +43,18 @@ TEST(EventEditor, ShowsTheEventsOfTheHeader)
     EXPECT_FALSE(editor.Dirty());
 }
 
-TEST(EventEditor, NewEventsTakeTheFirstFreeRowsAndOnePosition)
+TEST(EventEditor, NewEventsTakeThePositionOnViewWhichIsASlot)
 {
     EventEditor editor(TwoEvents());
-    for (const char* text : {"a", "b"})
-        editor.SetText(*editor.FreeRow(), text);
+    editor.SetText(*editor.FreeRow(), "一二三四五六七八九十一二");
     EXPECT_TRUE(editor.Dirty());
-    EXPECT_EQ(editor.Text(2) + editor.Text(4), "ab");
+    EXPECT_EQ(editor.Text(2), "一二三四五六七八九十一") << "as it will be stored";
     EXPECT_FALSE(editor.Position(2));
     const RecordHeader stored = Stored(editor);
-    EXPECT_EQ(stored.EventPos[1], onView);
-    EXPECT_EQ(stored.EventPos[3], onView);
-    EXPECT_EQ(stored.EventPos[2], 200);
-    EXPECT_EQ(stored.EventPos[4], 0);
-    EXPECT_EQ(EventCount(stored), 4);
+    EXPECT_THAT(std::span(stored.EventPos).first(5), testing::ElementsAre(1300, onView, 200, 0, 0));
+    EXPECT_EQ(EventCount(stored), 3);
     EXPECT_EQ(Stored(editor, 0).EventPos[1], 1);
-    EXPECT_TRUE(stored.EventText[4].IsBlank());
+    EXPECT_TRUE(stored.EventText[4].IsBlank()) << "what was left behind without a position";
 }
 
 TEST(EventEditor, EventsOfARecordingThatIsGoneAreNotStored)
@@ -83,18 +80,6 @@ TEST(EventEditor, AnEmptiedTextFreesItsSlotAndLeavesAGap)
     EXPECT_EQ(stored.EventPos[0], 0);
     EXPECT_EQ(EventCount(stored), 0);
     EXPECT_EQ(EventEditor(stored).Text(3), "early");
-}
-
-TEST(EventEditor, ALongTextIsCutAndAFullTableTakesNoMore)
-{
-    EventEditor editor(RecordHeader{});
-    for (int row = 1; row <= EventSlotCount; ++row) {
-        ASSERT_EQ(editor.FreeRow(), row);
-        editor.SetText(row, "一二三四五六七八九十一二");
-    }
-    EXPECT_FALSE(editor.FreeRow());
-    EXPECT_EQ(editor.Text(46), "一二三四五六七八九十一");
-    EXPECT_EQ(EventCount(Stored(editor)), 46);
 }
 
 }  // namespace

@@ -7,24 +7,15 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class GridsTest : public PatientTest {
-protected:
-    static std::string HeaderBytes(const RecordHeader& header)
-    {
-        return {reinterpret_cast<const char*>(&header), sizeof header};
-    }
-};
+using GridsTest = PatientTest;
 
 TEST_F(GridsTest, APatientIsShownInEightColumns)
 {
     PatientRecord patient = Patient("12", "张三", "1990");
     patient.Sex = 1;
     patient.Height = 168;
-    const PatientTable table = [&] {
-        PatientTable made;
-        made.Append(*MakePatientRow(patient, 7, 3, 2026));
-        return made;
-    }();
+    PatientTable table;
+    table.Append(*MakePatientRow(patient, 7, 3, 2026));
     const auto cells = [&](bool chinese) {
         Texts texts;
         for (int column = -1; column <= PatientColumnCount; ++column)
@@ -39,14 +30,9 @@ TEST_F(GridsTest, APatientIsShownInEightColumns)
 
 TEST_F(GridsTest, AnAgeIsShownFromZeroToAHundredYears)
 {
-    for (const auto& [year, age] : {std::pair("2026", "0"),
-                                    {"1926", "100"},
-                                    {"1925", ""},
-                                    {"2027", ""},
-                                    {"0", ""},
-                                    {"", ""},
-                                    {"19x0", ""},
-                                    {"-1", ""}}) {
+    const std::pair<const char*, const char*> ages[]{{"2026", "0"}, {"1926", "100"}, {"1925", ""}, {"2027", ""},
+                                                     {"0", ""},     {"", ""},        {"19x0", ""}, {"-1", ""}};
+    for (const auto& [year, age] : ages) {
         PatientTable table;
         table.Append(*MakePatientRow(Patient("1", "", year), 1, 0, 2026));
         EXPECT_EQ(table.Text(0, 3, false), age) << year;
@@ -74,12 +60,11 @@ TEST_F(GridsTest, SortingAlternatesAndKeepsThePositionWithItsRow)
 
 TEST_F(GridsTest, NumbersSortByValueAndRowsAreFoundByThem)
 {
-    for (const int height : {100, 0, 99})
-        file_.Append([&] {
-            PatientRecord patient = Patient(std::to_string(height + 1));
-            patient.Height = static_cast<Byte>(height);
-            return patient;
-        }());
+    for (const Byte height : {Byte{100}, Byte{0}, Byte{99}}) {
+        PatientRecord patient = Patient(std::to_string(height + 1));
+        patient.Height = height;
+        file_.Append(patient);
+    }
     const auto database = Restarted();
     EXPECT_EQ(database->Patients.LargestNumber(), 101);
     database->Patients.Sort(4, false);
@@ -97,7 +82,7 @@ TEST_F(GridsTest, ARecordIsShownInTenColumns)
     header.Bed.Set("12");
     header.DoctorNote[0].Set("窦性心律");
     header.EventPos = {400, 500, 0, 600};
-    PutFile("000000001", "20260309080506.F", HeaderBytes(header) + std::string(4 + 16 * 500 * 3725, '\0'));
+    PutFile("000000001", "20260309080506.F", BytesOf<RecordHeader>({header}) + std::string(4 + 16 * 500 * 3725, '\0'));
     RecordTable table;
     table.Load(Path("000000001"));
     Texts cells;

@@ -22,7 +22,7 @@ protected:
         for (const std::string& number : Column(database->Patients, 0)) {
             texts.push_back(number + ":");
             for (const std::string& file : database->Folders.Files(number))
-                texts.back() += " " + ReadBytes(Path(number) / file);
+                texts.back() += " " + FileBytes(Path(number) / file);
         }
         return texts;
     }
@@ -89,35 +89,6 @@ TEST_F(PatientChangesTest, DeletingTakesFolderSlotAndRowAndSelectsTheNext)
     EXPECT_EQ(database->SelectedRow(), NoRow);
     EXPECT_TRUE(state_.CurrentPatient.No.IsBlank());
     EXPECT_EQ(Listed(), Texts{});
-}
-
-TEST_F(PatientChangesTest, AFolderInAPatientsFolderStopsTheDeletion)
-{
-    PutPatients(3);
-    PutFile("000000002", "a.W");
-    std::filesystem::create_directory(Path("000000002") / "odd");
-    const auto database = Restarted();
-    const Removal removal = RemovePatients(*database, {0, 1, 2}, NoProgress);
-    EXPECT_EQ(removal.Outcome, Removal::End::SubFolder);
-    EXPECT_EQ(removal.Number, "000000002");
-    EXPECT_EQ(removal.Removed, 1);
-    EXPECT_FALSE(IsFile(Path("000000002") / "a.W"));
-    EXPECT_EQ(Column(database->Patients, 0), (Texts{"000000002", "000000003"}));
-}
-
-TEST_F(PatientChangesTest, DeletedRecordsLeaveTheFolderAndTheCount)
-{
-    PutPatients(1);
-    for (const char* name : {"20260101000001.W", "20260101000002.W", "20260101000003.F"})
-        PutFile("000000001", name);
-    const auto database = Restarted();
-    database->LoadSelectedPatient();
-    EXPECT_EQ(RemoveRecords(*database, 2, 1), 2);
-    EXPECT_EQ(Column(database->Records, 9), Texts{"20260101000001.W"});
-    EXPECT_EQ(database->Patients.Text(0, 6, false), "1");
-    EXPECT_EQ(RemoveRecords(*database, 0, 7), 1);
-    EXPECT_EQ(database->Patients.Text(0, 6, false), "0");
-    EXPECT_TRUE(IsFolder(Path("000000001")));
 }
 
 TEST_F(PatientChangesTest, ACrashWhileDeletingTouchesNobodyElse)
@@ -238,11 +209,11 @@ TEST_F(PatientChangesTest, AHeaderIsRewrittenWithoutTouchingAnythingElse)
     ASSERT_TRUE(WriteRecordHeader(disk_, record, *header));
     std::string expected(5000, '\x41');
     expected.replace(14, 36, "\xD0\xC4\xC4\xDA\xBF\xC6" + std::string(18, ' ') + "7" + std::string(11, ' '));
-    EXPECT_EQ(ReadBytes(record), expected);
+    EXPECT_EQ(FileBytes(record), expected);
     PutFile("1", "short", "x");
     EXPECT_FALSE(ReadRecordHeader(disk_, Path("1") / "short"));
     EXPECT_FALSE(WriteRecordHeader(disk_, Path("1") / "short", {}) || WriteRecordHeader(disk_, Path("none"), {}));
-    EXPECT_EQ(ReadBytes(Path("1") / "short"), "x");
+    EXPECT_EQ(FileBytes(Path("1") / "short"), "x");
     EXPECT_FALSE(IsFile(Path("none")));
 }
 

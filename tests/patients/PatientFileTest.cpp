@@ -13,6 +13,22 @@ constexpr std::size_t slotBytes = 238;
 using Numbers = std::vector<std::string>;
 using Positions = std::vector<std::int32_t>;
 
+Numbers NumbersOf(const std::vector<StoredPatient>& patients)
+{
+    Numbers numbers;
+    for (const StoredPatient& patient : patients)
+        numbers.push_back(patient.Record.No.Text());
+    return numbers;
+}
+
+Positions PositionsOf(const std::vector<StoredPatient>& patients)
+{
+    Positions positions;
+    for (const StoredPatient& patient : patients)
+        positions.push_back(patient.Position);
+    return positions;
+}
+
 class PatientFileTest : public PatientTest {
 protected:
     // Patients 1 to `count`, of whom every third from the first on is deleted.
@@ -32,23 +48,13 @@ TEST_F(PatientFileTest, AppendsReadsAndRewritesSlots)
     EXPECT_EQ(file_.Append(Patient("5", "李四")), 1);
     EXPECT_EQ(file_.Append(Patient("RUVO00000")), 2);
     EXPECT_EQ(std::filesystem::file_size(Path(PatientFileName)), 2 * slotBytes);
-    EXPECT_EQ(ReadBytes(Path(PatientFileName)).substr(0, 14), "5        \xC0\xEE\xCB\xC4 ");
+    EXPECT_EQ(FileBytes(Path(PatientFileName)).substr(0, 14), "5        \xC0\xEE\xCB\xC4 ");
     EXPECT_TRUE(file_.Write(2, Patient("6")));
     EXPECT_EQ(file_.Read(1)->Name.Text(), "李四");
     EXPECT_EQ(file_.Read(2)->No.Text(), "6");
     EXPECT_FALSE(file_.Read(0) || file_.Read(-1) || file_.Read(3));
     EXPECT_FALSE(file_.Write(3, Patient("7")) || file_.Write(0, Patient("7")) || file_.Delete(Positions{3}));
     EXPECT_EQ(file_.Count(), 2);
-}
-
-TEST_F(PatientFileTest, ADeletedSlotKeepsEverythingButItsNumber)
-{
-    FillWithGaps(3);
-    EXPECT_EQ(file_.Count(), 3);
-    EXPECT_TRUE(file_.Read(1)->No.IsBlank());
-    EXPECT_EQ(file_.Read(1)->Name.Text(), "name 1");
-    EXPECT_EQ(NumbersOf(file_.ReadLive()), (Numbers{"2", "3"}));
-    EXPECT_EQ(PositionsOf(file_.ReadLive()), (Positions{2, 3}));
 }
 
 TEST_F(PatientFileTest, ACutRecordCountsWhenMoreThanHalfOfItIsThere)
@@ -82,7 +88,16 @@ TEST_F(PatientFileTest, NoPieceOfAPatientIsLeftWhenTheDiskIsFull)
 
 TEST_F(PatientFileTest, CompactionClosesTheGapsAndKeepsTheOrder)
 {
+    EXPECT_TRUE(file_.Compact().empty());
+    EXPECT_TRUE(IsFile(Path(PatientFileName)));
     FillWithGaps(10);
+    EXPECT_EQ(file_.Count(), 10);
+    EXPECT_TRUE(file_.Read(1)->No.IsBlank());
+    EXPECT_EQ(file_.Read(1)->Name.Text(), "name 1") << "a deleted slot keeps all but its number";
+    EXPECT_EQ(PositionsOf(file_.ReadLive()), (Positions{2, 3, 5, 6, 8, 9}));
+    PatientRecord nul = Patient("");
+    std::fill_n(reinterpret_cast<char*>(&nul), 9, '\0');
+    file_.Append(nul);
     const auto live = file_.Compact();
     EXPECT_EQ(NumbersOf(live), (Numbers{"2", "3", "5", "6", "8", "9"}));
     EXPECT_EQ(PositionsOf(live), (Positions{1, 2, 3, 4, 5, 6}));
@@ -91,22 +106,10 @@ TEST_F(PatientFileTest, CompactionClosesTheGapsAndKeepsTheOrder)
     EXPECT_FALSE(IsFile(Path(PatientTempFileName)));
 }
 
-TEST_F(PatientFileTest, CompactionOfNothingLeavesAnEmptyFile)
-{
-    EXPECT_TRUE(file_.Compact().empty());
-    EXPECT_TRUE(IsFile(Path(PatientFileName)));
-    PatientRecord nul = Patient("");
-    std::fill_n(reinterpret_cast<char*>(&nul), 9, '\0');
-    file_.Append(nul);
-    EXPECT_TRUE(file_.Compact().empty());
-    EXPECT_EQ(std::filesystem::file_size(Path(PatientFileName)), 0U);
-    EXPECT_FALSE(IsFile(Path(PatientTempFileName)));
-}
-
 TEST_F(PatientFileTest, AStaleCopyIsClearedAwayAndALoneOneIsTakenIn)
 {
     FillWithGaps(2);
-    const std::string patients = ReadBytes(Path(PatientFileName));
+    const std::string patients = FileBytes(Path(PatientFileName));
     WriteBytes(Path(PatientTempFileName), std::string(5000, 'z'));
     EXPECT_EQ(NumbersOf(file_.Compact()), Numbers{"2"});
     EXPECT_FALSE(IsFile(Path(PatientTempFileName)));
@@ -133,7 +136,7 @@ TEST_F(PatientFileTest, ACrashAtAnyStepOfCompactionLosesNobody)
 {
     FillWithGaps(20);
     WriteBytes(Path(PatientTempFileName), std::string(7000, 'z'));
-    const std::string before = ReadBytes(Path(PatientFileName));
+    const std::string before = FileBytes(Path(PatientFileName));
     const auto survivors = NumbersOf(file_.ReadLive());
     int steps = 0;
     for (bool finished = false; !finished; ++steps) {

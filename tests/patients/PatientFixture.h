@@ -3,6 +3,7 @@
 
 #include "patients/AboutPat.h"
 #include "support/FakeClock.h"
+#include "support/FileBytes.h"
 #include "support/TemporaryDataFolder.h"
 
 #include <gtest/gtest.h>
@@ -23,23 +24,7 @@ inline PatientRecord Patient(std::string_view number, std::string_view name = ""
     return patient;
 }
 
-inline std::vector<std::string> NumbersOf(const std::vector<StoredPatient>& patients)
-{
-    std::vector<std::string> numbers;
-    for (const StoredPatient& patient : patients)
-        numbers.push_back(patient.Record.No.Text());
-    return numbers;
-}
-
-inline std::vector<std::int32_t> PositionsOf(const std::vector<StoredPatient>& patients)
-{
-    std::vector<std::int32_t> positions;
-    for (const StoredPatient& patient : patients)
-        positions.push_back(patient.Position);
-    return positions;
-}
-
-// One column of the patient grid, in English.
+// One column of a grid, in English.
 inline std::vector<std::string> Column(const PatientTable& table, int column)
 {
     std::vector<std::string> cells;
@@ -47,7 +32,6 @@ inline std::vector<std::string> Column(const PatientTable& table, int column)
         cells.push_back(table.Text(row, column, false));
     return cells;
 }
-
 inline std::vector<std::string> Column(const RecordTable& table, int column)
 {
     std::vector<std::string> cells;
@@ -59,12 +43,6 @@ inline std::vector<std::string> Column(const RecordTable& table, int column)
 inline void WriteBytes(const std::filesystem::path& path, const std::string& bytes)
 {
     std::ofstream(path, std::ios::binary) << bytes;
-}
-
-inline std::string ReadBytes(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 class PatientTest : public testing::Test {
@@ -82,12 +60,10 @@ protected:
     // Patients "1" to `count` in one write.
     void PutPatients(int count) const
     {
-        std::string bytes;
-        for (int i = 1; i <= count; ++i) {
-            const PatientRecord patient = Patient(std::to_string(i), "name " + std::to_string(i));
-            bytes.append(reinterpret_cast<const char*>(&patient), sizeof patient);
-        }
-        WriteBytes(Path(PatientFileName), bytes);
+        std::vector<PatientRecord> patients;
+        for (int i = 1; i <= count; ++i)
+            patients.push_back(Patient(std::to_string(i), "name " + std::to_string(i)));
+        WriteBytes(Path(PatientFileName), BytesOf(patients));
     }
 
     // The data folder after a restart of the program.

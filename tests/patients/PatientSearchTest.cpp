@@ -8,41 +8,25 @@ namespace {
 
 constexpr int year = 2026;
 
-bool NumberFits(const char* pattern, const char* number)
+TEST(PatientSearch, PatternsOfNumbersAreFormattedFirstAndThoseOfNamesStandAsTyped)
 {
-    SearchConditions conditions;
-    conditions.UseNo = true;
-    conditions.No.Set(pattern);
-    return Matches(Patient(number), conditions, year);
-}
-
-bool NameFits(const char* pattern, const char* name)
-{
-    SearchConditions conditions;
-    conditions.UseName = true;
-    conditions.Name.Set(pattern);
-    return Matches(Patient("1", name), conditions, year);
-}
-
-TEST(PatientSearch, PatternsOfNumbersAreFormattedFirst)
-{
-    EXPECT_TRUE(NumberFits("12", "000000012"));
-    EXPECT_FALSE(NumberFits("12", "120"));
-    EXPECT_FALSE(NumberFits("12*", "12"));
-    EXPECT_TRUE(NumberFits("12*", "12-A"));
-    EXPECT_TRUE(NumberFits("00000*", "12"));
-    EXPECT_TRUE(NumberFits("ruvo*", "RUVO00007"));
-    EXPECT_TRUE(NumberFits("*", "5"));
-    EXPECT_FALSE(NumberFits("R*0", "RUVO00000"));
-}
-
-TEST(PatientSearch, PatternsOfNamesStandAsTyped)
-{
-    EXPECT_TRUE(NameFits("张*", "张三"));
-    EXPECT_FALSE(NameFits("张", "张三"));
-    EXPECT_TRUE(NameFits("li ming", "Li Ming"));
-    EXPECT_FALSE(NameFits("*三", "张三"));
-    EXPECT_TRUE(NameFits("12*", "123"));
+    using Pair = std::pair<const char*, const char*>;  // pattern, number or name
+    const auto fits = [](bool byNumber, const Pair& pair) {
+        SearchConditions conditions;
+        (byNumber ? conditions.UseNo : conditions.UseName) = true;
+        conditions.No.Set(pair.first);
+        conditions.Name.Set(pair.first);
+        return Matches(byNumber ? Patient(pair.second) : Patient("1", pair.second), conditions, year);
+    };
+    for (const Pair& pair :
+         {Pair{"12", "000000012"}, {"12*", "12-A"}, {"00000*", "12"}, {"ruvo*", "RUVO00007"}, {"*", "5"}})
+        EXPECT_TRUE(fits(true, pair)) << pair.first;
+    for (const Pair& pair : {Pair{"12", "120"}, {"12*", "12"}, {"R*0", "RUVO00000"}})
+        EXPECT_FALSE(fits(true, pair)) << pair.first;
+    for (const Pair& pair : {Pair{"张*", "张三"}, {"li ming", "Li Ming"}, {"12*", "123"}})
+        EXPECT_TRUE(fits(false, pair)) << pair.first;
+    for (const Pair& pair : {Pair{"张", "张三"}, {"*三", "张三"}})
+        EXPECT_FALSE(fits(false, pair)) << pair.first;
 }
 
 TEST(PatientSearch, AllConditionsMustHoldAndOnesThatAreOffDoNotCount)
@@ -53,6 +37,7 @@ TEST(PatientSearch, AllConditionsMustHoldAndOnesThatAreOffDoNotCount)
     patient.Flags[3] = 1;
     SearchConditions conditions;
     conditions.Height = {1, 2};
+    conditions.Weight = {1, 255};
     EXPECT_TRUE(Matches(patient, conditions, year));
     conditions.UseSex = true;
     conditions.Sex = 1;
@@ -61,16 +46,11 @@ TEST(PatientSearch, AllConditionsMustHoldAndOnesThatAreOffDoNotCount)
     conditions.UseFlag[3] = conditions.UseFlag[4] = true;
     conditions.FlagWanted[3] = true;
     EXPECT_TRUE(Matches(patient, conditions, year));
-    for (const auto& spoil :
-         {+[](SearchConditions& c) { c.Sex = 0; },
-          +[](SearchConditions& c) {
-              c.Age = {126, 125};
-          },
-          +[](SearchConditions& c) { c.FlagWanted[4] = true; }, +[](SearchConditions& c) { c.FlagWanted[3] = false; },
-          +[](SearchConditions& c) { c.UseHeight = true; },
-          +[](SearchConditions& c) {
-              c.UseWeight = true, c.Weight = {1, 255};
-          }}) {
+    using Spoil = void (*)(SearchConditions&);
+    for (const Spoil spoil :
+         {Spoil([](auto& c) { c.Sex = 0; }), Spoil([](auto& c) { c.Age.Highest = 125; }),
+          Spoil([](auto& c) { c.FlagWanted[4] = true; }), Spoil([](auto& c) { c.FlagWanted[3] = false; }),
+          Spoil([](auto& c) { c.UseHeight = true; }), Spoil([](auto& c) { c.UseWeight = true; })}) {
         SearchConditions spoilt = conditions;
         spoil(spoilt);
         EXPECT_FALSE(Matches(patient, spoilt, year));

@@ -58,12 +58,6 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Screens, ImageSurfaceAtScale, testing::Values(1.0, 1.25, 1.5, 2.0, 3.0));
 
-TEST_P(ImageSurfaceAtScale, CopiesTheStripAndNothingElse)
-{
-    target.Copy(source, {4, 0, 8, height}, {20, 0});
-    EXPECT_EQ(PaperArea(), Device(20, 0, 8, height));
-}
-
 TEST_P(ImageSurfaceAtScale, CopiesWhatStoodInThePlaceThatWasNamed)
 {
     source.Fill({0, 0, width, height}, ground);
@@ -91,14 +85,6 @@ TEST_P(ImageSurfaceAtScale, IgnoresItselfAndImagesOfAnotherScale)
     target.Fill({0, 0, 4, 4}, paper);
     target.Copy(target, {0, 0, 4, 4}, {20, 20});
     EXPECT_EQ(PaperArea(), Device(0, 0, 4, 4));
-}
-
-TEST_P(ImageSurfaceAtScale, GoesOnDrawingAfterACopy)
-{
-    target.Copy(source, {0, 0, width, height}, {0, 0});
-    target.Fill({0, 0, width, height}, ground);
-    target.Fill({8, 8, 4, 4}, paper);
-    EXPECT_EQ(PaperArea(), Device(8, 8, 4, 4));
 }
 
 }  // namespace

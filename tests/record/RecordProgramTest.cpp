@@ -92,33 +92,25 @@ TEST_F(RecordProgramTest, RefusesAWrongCallInWordsAndChangesNothing)
     constexpr int usage = 2;
     std::ofstream(Data.Paths().Program / "cut.hea") << "cut 2 500 100\nmade.dat 16\n";
     std::ofstream(Data.Paths().Program / "lost.hea") << "lost 1 500 100\nnone.dat 16 200 16 0 0 0 0 ii\n";
-    const std::vector<std::tuple<const char*, int, const char*>> calls{
-        {"", usage, "which command"},
-        {"print", usage, "unknown command print"},
-        {"measure", usage, "takes a record"},
-        {"measure made.dat --start 299", usage, "300 or more"},
-        {"measure made.dat --beat 50", usage, "0 to 49"},
-        {"measure made.dat --beat", usage, "0 to 49"},
-        {"measure made.dat --beat 2x", usage, "0 to 49"},
+    // clang-format off
+    const std::tuple<const char*, int, const char*> calls[]{
+        {"", usage, "which command"}, {"print", usage, "unknown command print"},
+        {"measure", usage, "takes a record"}, {"measure made.dat --start 299", usage, "300 or more"},
+        {"measure made.dat --beat 50", usage, "0 to 49"}, {"measure made.dat --beat", usage, "0 to 49"},
+        {"measure made.dat --beat 2x", usage, "0 to 49"}, {"measure made.dat --lead 1", usage, "unknown option --lead"},
         {"measure made.dat --all --beat 1", usage, "neither --start nor --beat"},
-        {"measure made.dat --lead 1", usage, "unknown option --lead"},
-        {"measure none.W", failure, "cannot read none.W"},
-        {"measure Data", failure, "cannot read Data"},
-        {"measure cut.hea", failure, "cut.hea has no samples"},
-        {"measure made.dat --beat 0", failure, "has 0 beats"},
-        {"import", usage, "a header and a data folder"},
-        {"import made.hea Data Data", usage, "a header and a data folder"},
-        {"import made.hea Data --system X", usage, "W or F"},
+        {"measure none.W", failure, "cannot read none.W"}, {"measure Data", failure, "cannot read Data"},
+        {"measure cut.hea", failure, "cut.hea has no samples"}, {"measure made.dat --beat 0", failure, "has 0 beats"},
+        {"import", usage, "a header and a data folder"}, {"import made.hea D 3", usage, "a header and a data folder"},
         {"import made.hea Data --patient ''", usage, "medical number"},
+        {"import made.hea Data --system X", usage, "W or F"},
         {"import made.hea Data --bed 3", usage, "unknown option --bed"},
         {"import made.hea Data --patient 1234567890", failure, "1234567890"},
         {"import made.hea Data --system F", failure, "no leads X, Y and Z"},
         {"import made.hea nowhere", failure, "no folder nowhere"},
-        {"import made.hea made.dat", failure, "no folder made.dat"},
-        {"import none.hea Data", failure, "none.hea"},
-        {"import cut.hea Data", failure, ""},
-        {"import lost.hea Data", failure, "none.dat"},
-    };
+        {"import made.hea made.dat", failure, "no folder made.dat"}, {"import none.hea Data", failure, "none.hea"},
+        {"import cut.hea Data", failure, ""}, {"import lost.hea Data", failure, "none.dat"}};
+    // clang-format on
     const auto before = FolderContent(Data.Paths().Program);
     for (const auto& [arguments, exitCode, words] : calls) {
         const Ending run = Start(arguments);

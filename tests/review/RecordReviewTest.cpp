@@ -178,7 +178,7 @@ TEST_F(RecordReviewTest, NeedsTwoDifferentLongLeadsInOneFormOnly)
     Store(FlaggedHeart(60));
     Review.Open();
     Review.SetForm(EcgForm::Columns4x3And1);
-    EXPECT_EQ(State.EcgForm, 3);
+    EXPECT_EQ(State.EcgForm, EcgForm::Columns4x3And1);
     EXPECT_TRUE(Review.ChooseLongLead(1, lead::II));
     EXPECT_TRUE(Review.SeparateLongLeads());
     EXPECT_THAT(Review.View.LongLead, ElementsAre(lead::II, lead::V5));

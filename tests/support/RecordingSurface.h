@@ -1,4 +1,5 @@
-// A surface that draws nothing and keeps what is filled, copied, drawn in lines, written and pasted, so that a test can read a picture as numbers.
+// A surface that draws nothing and keeps what is filled, copied, drawn in lines, written and pasted, so that a test can
+// read a picture as numbers.
 #pragma once
 
 #include "platform/Printer.h"

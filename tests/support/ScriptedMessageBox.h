@@ -3,6 +3,7 @@
 
 #include "platform/MessageBox.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,10 +20,12 @@ public:
     bool Show(std::string_view text, std::string_view title, MessageButtons buttons) override
     {
         Shown.push_back({std::string(text), std::string(title), buttons});
+        OnShow();
         return Answer;
     }
 
     bool Answer = true;
+    std::function<void()> OnShow = [] {};  // what happens while a message stands
     std::vector<Message> Shown;
 };
 

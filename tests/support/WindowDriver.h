@@ -8,9 +8,31 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 namespace ecg {
+
+// The one window that a test has on the screen.
+class OneWindow {
+public:
+    // In place of the one that was shown before.
+    template <class Window, class... Arguments>
+    Window& Show(Arguments&... arguments)
+    {
+        auto window = std::make_unique<Window>(arguments...);
+        Window& shown = *window;
+        window_ = std::move(window);
+        shown.show();
+        return shown;
+    }
+
+    // To be called before what the window was given is gone.
+    void CloseWindow() { window_.reset(); }
+
+private:
+    std::unique_ptr<QWidget> window_;
+};
 
 // The control `name`, for example "Text1_3". A window without it is a fault of the test or the window: the test ends.
 template <class Control>

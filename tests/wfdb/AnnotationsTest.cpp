@@ -1,11 +1,8 @@
 // Beat annotations out of words made by hand.
 #include "wfdb/Annotations.h"
 
-#include "wfdb/WholeFile.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <initializer_list>
 
 namespace ecg {
@@ -38,19 +35,6 @@ TEST(Annotations, AddUpTheirIntervalsAsFarAsTheyGo)
         EXPECT_EQ(annotations[i].Code, expected[i].first);
         EXPECT_EQ(annotations[i].Sample, expected[i].second);
     }
-}
-
-TEST(Annotations, OfTheAmbulatoryRecordingAreItsBeats)
-{
-    const std::filesystem::path path = std::filesystem::path(ECG_SHARED_DATA) / "100.atr";
-    if (!std::filesystem::exists(path))
-        GTEST_SKIP() << "the public recordings are not at hand";
-    const auto bytes = ReadWholeFile(path, 1 << 20);
-    ASSERT_TRUE(bytes) << bytes.Reason();
-    const auto annotations = ParseAnnotations(*bytes);
-    EXPECT_EQ(std::ranges::count_if(annotations, IsBeat, &Annotation::Code), 2273);
-    EXPECT_LT(annotations.back().Sample, 650000);
-    EXPECT_GT(annotations.back().Sample, 649000);
 }
 
 }  // namespace

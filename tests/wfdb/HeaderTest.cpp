@@ -43,27 +43,19 @@ TEST(WfdbHeader, TellsWhereSignalsLieAndWhatTheyAreWorth)
 
 TEST(WfdbHeader, IsRefusedWithTheReason)
 {
-    const std::pair<const char*, const char*> cases[] = {{"", "no record line"},
-                                                         {"\x01\x02\xFF\xFE", "number of signals"},
-                                                         {"rec/3 2 360 100", "several segments"},
-                                                         {"rec 0 360 100", "number of signals"},
-                                                         {"rec 65 360", "number of signals"},
-                                                         {"rec 2 360\na 16", "promises 2 signals and describes 1"},
-                                                         {"rec 1 0\na 16", "sampling rate"},
-                                                         {"rec 1 nan\na 16", "sampling rate"},
-                                                         {"rec 1 360 -1\na 16", "number of samples"},
-                                                         {"rec 1 360 99999999999999999999\na 16", "number of samples"},
-                                                         {"rec 1\na 80", "\"80\" is not supported"},
-                                                         {"rec 1\na", "is not supported"},
-                                                         {"rec 1\na 16x4", "several samples"},
-                                                         {"rec 1\na 16:3", "skewed"},
-                                                         {"rec 1\na 16+-4", "byte offset"},
-                                                         {"rec 1\na 16 inf", "gain is no number"},
-                                                         {"rec 1\na 16 1e-300", "gain is out of range"},
-                                                         {"rec 1\na 16 200(5", "gain is no number"},
-                                                         {"rec 1\na 16 200()", "baseline is no number"},
-                                                         {"rec 1\na 16 200 16 x", "ADC zero"},
-                                                         {"rec 1\n../a 16", "does not lie beside"}};
+    // clang-format off
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "no record line"}, {"\x01\x02\xFF\xFE", "number of signals"}, {"rec/3 2 360 100", "several segments"},
+        {"rec 0 360 100", "number of signals"}, {"rec 65 360", "number of signals"},
+        {"rec 2 360\na 16", "promises 2 signals and describes 1"},
+        {"rec 1 0\na 16", "sampling rate"}, {"rec 1 nan\na 16", "sampling rate"},
+        {"rec 1 360 -1\na 16", "number of samples"}, {"rec 1 360 99999999999999999999\na 16", "number of samples"},
+        {"rec 1\na 80", "\"80\" is not supported"}, {"rec 1\na", "is not supported"},
+        {"rec 1\na 16x4", "several samples"}, {"rec 1\na 16:3", "skewed"}, {"rec 1\na 16+-4", "byte offset"},
+        {"rec 1\na 16 inf", "gain is no number"}, {"rec 1\na 16 1e-300", "gain is out of range"},
+        {"rec 1\na 16 200(5", "gain is no number"}, {"rec 1\na 16 200()", "baseline is no number"},
+        {"rec 1\na 16 200 16 x", "ADC zero"}, {"rec 1\n../a 16", "does not lie beside"}};
+    // clang-format on
     for (const auto& [text, reason] : cases) {
         const auto header = ParseWfdbHeader(text);
         EXPECT_FALSE(header) << text;

@@ -74,8 +74,8 @@ void BoxSimulator::Post(const BoxCommand& command)
 
 void BoxSimulator::Run()
 {
-    while (!quit_) {
-        ObeyCommands();
+    // Without a wait behind the last command: on a line that is open and silent nothing would end it.
+    for (ObeyCommands(); !quit_; ObeyCommands()) {
         ServeLine();
         SendDueFrames();
         Wait();

@@ -28,8 +28,8 @@ struct BoxOptions {
     std::uint8_t Key = 0x5A;         // scrambles the stream
     std::vector<ScriptStep> Script{};
 
-    // So many times as fast as a real box. Above 1 the box also waits for its reader, as no serial line can: each frame of
-    // the stream arrives, however slow the reader is.
+    // So many times as fast as a real box. Above 1 the box also waits for its reader, as no serial line can: each frame
+    // of the stream arrives, however slow the reader is.
     int Speed = 1;
 
     // Told each packet received and each command obeyed: seconds since the start and a line of text. Called on the

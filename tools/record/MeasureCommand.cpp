@@ -1,5 +1,7 @@
 #include "record/MeasureCommand.h"
 
+#include "record/CommandOptions.h"
+
 #include <charconv>
 
 namespace ecg {
@@ -14,46 +16,33 @@ std::optional<std::int32_t> WholeNumber(const std::string& word)
     return value;
 }
 
-// Takes one option with its value; returns what is wrong with it.
-std::string TakeOption(const std::string& option, const std::string& word, MeasureOptions& options)
-{
-    const auto value = WholeNumber(word);
-    if (option == "--start") {
-        options.Start = value.value_or(0);
-        return options.Start >= FirstSampleSlot ? "" : "--start takes a slot, 300 or more";
-    }
-    if (option == "--beat") {
-        options.Beat = value.value_or(-1);
-        const bool valid = options.Beat >= 0 && options.Beat < static_cast<int>(AboutFile::LongestFlagList);
-        return valid ? "" : "--beat takes a number from 0 to 49";
-    }
-    return "unknown option " + option;
-}
-
 }  // namespace
 
 Outcome<MeasureOptions> ParseMeasure(std::span<const std::string> words)
 {
     using Result = Outcome<MeasureOptions>;
     MeasureOptions options;
-    std::vector<std::string> records;  // the words that are no options
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        if (!words[i].starts_with("--")) {
-            records.push_back(words[i]);
-        } else if (words[i] == "--all") {
-            options.All = true;
-        } else {
-            const std::string value = i + 1 < words.size() ? words[i + 1] : "";
-            if (const std::string reason = TakeOption(words[i], value, options); !reason.empty())
-                return Result::Failure(reason);
-            ++i;
-        }
-    }
-    if (records.size() != 1)
+    const auto takeStart = [&](const std::string& value) {
+        options.Start = WholeNumber(value);
+        return options.Start.value_or(0) >= FirstSampleSlot;
+    };
+    const auto takeBeat = [&](const std::string& value) {
+        options.Beat = WholeNumber(value);
+        const int beat = options.Beat.value_or(-1);
+        return beat >= 0 && beat < static_cast<int>(AboutFile::LongestFlagList);
+    };
+    const auto takeAll = [&](const std::string&) { return options.All = true; };
+    const CommandOption known[]{{"--start", "a slot, 300 or more", takeStart},
+                                {"--beat", "a number from 0 to 49", takeBeat},
+                                {"--all", nullptr, takeAll}};
+    const auto records = TakeOptions(words, known);
+    if (!records)
+        return Result::Failure(records.Reason());
+    if (records->size() != 1)
         return Result::Failure("measure takes a record");
     if (options.All && (options.Start || options.Beat))
         return Result::Failure("--all takes every beat of the record, neither --start nor --beat");
-    options.Record = records[0];
+    options.Record = records->front();
     return options;
 }
 

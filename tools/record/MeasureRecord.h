@@ -19,8 +19,8 @@ struct MeasureOptions {
     bool All = false;                   // every beat of the record, each in the middle of a view of its own
 };
 
-// Gives a line for the beat, or for each beat in order, to `print`. Returns how many there were; fails when the record cannot
-// be read, has no sample, or has no beat of that place in the view.
+// Gives a line for the beat, or for each beat in order, to `print`. Returns how many there were; fails when the record
+// cannot be read, has no sample, or has no beat of that place in the view.
 //
 // A view without the beat that is measured by default gives a line in which nothing is measured and `CenterSlot` is 0.
 Outcome<int> MeasureRecord(const MeasureOptions& options, const std::function<void(const std::string&)>& print);

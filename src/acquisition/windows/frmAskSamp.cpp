@@ -52,7 +52,7 @@ frmAskSamp::frmAskSamp(const SharedState& state, const Pictures& pictures, QWidg
     setObjectName("frmAskSamp");
     setWindowTitle(title.In(state.SysInfo));
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    row->setContentsMargins(style::Margins);
     row->setSpacing(3 * style::GridStep);
     auto* picture =
         Named(new PictureBox(pictures, IsWilson(state) ? "electrodes-wilson" : "electrodes-frank", this), "Image1");

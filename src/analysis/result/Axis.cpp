@@ -8,8 +8,8 @@
 namespace ecg {
 namespace {
 
-// A lead less its slow part, column by column from the start of the view on. The slow part follows the samples from 0, so the
-// same beat in another view may differ by a count.
+// A lead less its slow part, column by column from the start of the view on. The slow part follows the samples from 0,
+// so the same beat in another view may differ by a count.
 class HighPass {
 public:
     explicit HighPass(const SampleRow& row) : row_(row) {}
@@ -42,8 +42,8 @@ private:
 
 }  // namespace
 
-// Lead I points to 0 degrees and lead III to 120, so a vector with the deflections a and b in them lies at the arctangent of
-// (2b/a + 1)/√3, or opposite to it when a is negative.
+// Lead I points to 0 degrees and lead III to 120, so a vector with the deflections a and b in them lies at the
+// arctangent of (2b/a + 1)/√3, or opposite to it when a is negative.
 float QrsAxis(const SampleRow& leadI, const SampleRow& leadIII, int qrsOn, int qrsOff)
 {
     constexpr double instead = 1e-7;  // of no deflection at all in lead I
@@ -63,8 +63,8 @@ float QrsAxis(const SampleRow& leadI, const SampleRow& leadIII, int qrsOn, int q
     const double a = one.NetDeflection() == 0 ? instead : one.NetDeflection();
     const double b = three.NetDeflection();
     double axis = std::atan(std::numbers::sqrt3 / 3 * (2 * b / a + 1)) * halfTurn / std::numbers::pi;
-    // Meant: an axis up and to the right is mirrored, not turned, and so reads like one down and to the right. The diagnosis
-    // rules depend on it.
+    // Meant: an axis up and to the right is mirrored, not turned, and so reads like one down and to the right. The
+    // diagnosis rules depend on it.
     if (a < 0)
         axis = 2 * b + a < 0 ? halfTurn - axis : halfTurn + axis;
     return static_cast<float>(std::round(axis) + 0.0);  // ties away from 0, and no -0

@@ -29,8 +29,8 @@ struct BeatStrip {
 // Reads the strip around `CenterSlot` of the current record. Slots that do not exist, or lie in the header, are 0.
 BeatStrip CollectStrip(const AboutFile& file, LeadSystem system);
 
-// Beats a minute over the first nine flags at the most. 0: a single flag, or a rate outside 30 to 240. Nothing: no flag, or
-// 16 and more, so that nothing can be said of the beat and all that is known of the last one stays.
+// Beats a minute over the first nine flags at the most. 0: a single flag, or a rate outside 30 to 240. Nothing: no
+// flag, or 16 and more, so that nothing can be said of the beat and all that is known of the last one stays.
 std::optional<int> RateOf(const FlagsAround& flags);
 
 }  // namespace ecg

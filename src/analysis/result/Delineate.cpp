@@ -30,8 +30,8 @@ void Delineate(AboutFile& file, LeadSystem system, BeatResult& result)
     result.Params.HeartRate = static_cast<Byte>(*rate);
     if (*rate == 0)
         return;
-    // Place 0 of the window holds slot `CenterSlot` - 500. Lines have always been stored one slot later than that; saved
-    // analyses and reports depend on it.
+    // Place 0 of the window holds slot `CenterSlot` - 500. Lines have always been stored one slot later than that;
+    // saved analyses and reports depend on it.
     constexpr int storedBefore = 499;
     for (std::size_t lead = 0; lead < LeadCountOf(system); ++lead) {
         result.Locate[lead] = DelineateLead(strip.Raw[lead], *rate);

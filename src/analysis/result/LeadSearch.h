@@ -1,8 +1,8 @@
 // One lead while its lines are searched for: the state that the steps hand on.
 //
-// Places count from 0 to 999 in the window of two seconds around the R flag; the flag stands at 500. A step that needs a
-// stretch before or behind a place measures it in samples at 60 beats a minute, which `Beside` stretches or shrinks with
-// the rate.
+// Places count from 0 to 999 in the window of two seconds around the R flag; the flag stands at 500. A step that needs
+// a stretch before or behind a place measures it in samples at 60 beats a minute, which `Beside` stretches or shrinks
+// with the rate.
 #pragma once
 
 #include "analysis/BeatResult.h"

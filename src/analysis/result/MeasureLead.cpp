@@ -96,8 +96,8 @@ void MeasureQrs(const SampleRow& row, const Columns& lines, float level, std::si
     const SecondWaves second = MeasureSecondWaves(row, lines, level);
     params.RAmp[lead] = Millivolts(double{r.Highest} - level);
     params.SAmp[lead] = s;
-    // Meant: a lead without an S loses its Q, and its S keeps the small or positive value. The names of complexes and the
-    // diagnosis rules are tuned to that.
+    // Meant: a lead without an S loses its Q, and its S keeps the small or positive value. The names of complexes and
+    // the diagnosis rules are tuned to that.
     const bool hasNoS = std::fabs(s) < leastWave || s > 0;
     params.QAmp[lead] = hasNoS ? 0 : QAmplitude(row, lines, level);
     params.R2Amp[lead] = second.R;

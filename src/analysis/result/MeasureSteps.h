@@ -1,5 +1,5 @@
-// The parts of the measurement. Values are worked out in double precision and stored once as 32-bit floats, so that any two
-// builds agree to the bit.
+// The parts of the measurement. Values are worked out in double precision and stored once as 32-bit floats, so that any
+// two builds agree to the bit.
 #pragma once
 
 #include "analysis/BeatResult.h"
@@ -28,8 +28,8 @@ void MeasureLead(const SampleRow& row, const Columns& lines, std::size_t lead, M
 // The name of the QRS complex from its waves, such as "qRs": six characters at the most.
 std::string ComplexName(std::size_t lead, const MeasuredParams& params);
 
-// The direction of the QRS complex in the frontal plane, -90 to 270 whole degrees, from leads I and III between two columns,
-// the first at 0 or behind.
+// The direction of the QRS complex in the frontal plane, -90 to 270 whole degrees, from leads I and III between two
+// columns, the first at 0 or behind.
 float QrsAxis(const SampleRow& leadI, const SampleRow& leadIII, int qrsOn, int qrsOff);
 
 }  // namespace ecg

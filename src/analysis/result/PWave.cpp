@@ -7,7 +7,7 @@
 namespace ecg {
 namespace {
 
-constexpr float threshold = 10;  // a wave ends at this part of its height
+constexpr float endPart = 10;  // a wave ends at this part of its height
 
 // One peak stands out when the other is at most 0.3 of it. The wave of two peaks alike counts as one at its maximum.
 bool IsBiphasic(const Extremes& wave)
@@ -40,11 +40,11 @@ int NearingSteps(const OpenRow<float>& s, Scan places)
 
 constexpr int nearingReach = 6;  // samples
 
-// The first place from the peak down to `to` that is within the threshold; the threshold is raised in whole counts until
-// there is one. Unlike for the P end it has no lowest value: that is meant, and onsets lie further out for it.
+// The first place from the peak down to `to` that is within the threshold; the threshold is raised in whole counts
+// until there is one. Unlike for the P end it has no lowest value: that is meant, and onsets lie further out for it.
 int ThresholdPlace(const OpenRow<float>& s, int from, int to)
 {
-    float t = std::fabs(s[from]) / threshold;
+    float t = std::fabs(s[from]) / endPart;
     const auto nearest = PlaceOfSmallest(Down(from, to), [&](int w) { return std::fabs(s[w]); });
     if (!nearest)
         return 0;
@@ -73,7 +73,7 @@ void FindPEnd(LeadSearch& search)
     wave.Lowest = std::fabs(wave.Lowest);
     const int peak = IsBiphasic(wave) ? std::max(wave.HighestAt, wave.LowestAt) : LargerPeak(wave);
 
-    const float t = std::max(std::fabs(s[peak]) / threshold, leastThreshold);
+    const float t = std::max(std::fabs(s[peak]) / endPart, leastThreshold);
     const auto quiet = FirstPlace(Up(peak, last), [&](int w) { return std::fabs(s[w]) <= t; });
     const auto flat = FirstPlace(Up(peak, last), [&](int w) { return s[w] == s[w + flatSpan]; });
     const int end = flat.value_or(quiet.value_or(0));

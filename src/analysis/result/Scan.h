@@ -49,8 +49,8 @@ inline Scan Down(int from, int to)
     return {from, to > from ? from : to - 1, -1};
 }
 
-// A row of samples in which a place outside is "nothing there". It reads as not-a-number, so every comparison with it is
-// false: no test succeeds on it, and no extreme is found there.
+// A row of samples in which a place outside is "nothing there". It reads as not-a-number, so every comparison with it
+// is false: no test succeeds on it, and no extreme is found there.
 template <class Sample>
 class OpenRow {
 public:

@@ -1,5 +1,5 @@
-// Discrete Fourier sums as they are defined. The lengths come from heart cycles, are no powers of two, and at most a few
-// hundred: there is nothing for a fast transform to win.
+// Discrete Fourier sums as they are defined. The lengths come from heart cycles, are no powers of two, and at most a
+// few hundred: there is nothing for a fast transform to win.
 #pragma once
 
 #include <cstdint>

@@ -9,8 +9,8 @@ namespace {
 
 constexpr double fullScale = 40;  // mm on the page: 180 degrees, or the peak of the impulse response
 
-// Meant: with a negative real part and no imaginary part at all the phase is 0, not 180 degrees. Reports have always shown
-// it that way, and the arctangent of the quotient knows no better.
+// Meant: with a negative real part and no imaginary part at all the phase is 0, not 180 degrees. Reports have always
+// shown it that way, and the arctangent of the quotient knows no better.
 double Phase(const Bin& bin)
 {
     using std::numbers::pi;
@@ -24,8 +24,8 @@ double Phase(const Bin& bin)
     return phase;
 }
 
-// All N bins, from the lower half. Meant: the upper half is the lower one in reverse, not conjugated and one bin off, and
-// of bins 0 and 1 the mirrors are looked for at N, where there is none, and at N - 1.
+// All N bins, from the lower half. Meant: the upper half is the lower one in reverse, not conjugated and one bin off,
+// and of bins 0 and 1 the mirrors are looked for at N, where there is none, and at N - 1.
 std::vector<Bin> Mirrored(std::span<const Bin> lower)
 {
     std::vector<Bin> bins(lower.begin(), lower.end());

@@ -12,8 +12,8 @@ std::vector<Bin> TransferFunction(std::span<const Bin> input, std::span<const Bi
 // The phase of each bin; 40 is 180 degrees.
 void SetPhaseShift(std::span<const Bin> transfer, BinValues& phaseShift);
 
-// The answer to a single pulse at moment 0, which is drawn in the middle; its peak is 40 or -40. Where there is no answer
-// at all `response` stays as it was.
+// The answer to a single pulse at moment 0, which is drawn in the middle; its peak is 40 or -40. Where there is no
+// answer at all `response` stays as it was.
 void SetImpulseResponse(std::span<const Bin> transfer, BinValues& response);
 
 }  // namespace ecg

@@ -47,7 +47,7 @@ SysSetColourTab::SysSetColourTab(SettingsDraft& draft, bool chinese, const Pictu
 {
     auto* grid = new QGridLayout(this);
     grid->setSpacing(2 * style::GridStep);
-    grid->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    grid->setContentsMargins(style::Margins);
     grid->addWidget(ChoiceGroup(pictures), 0, 0);
     grid->addWidget(SliderGroup(), 0, 1);
     Picture6_ = Named(

@@ -53,7 +53,7 @@ SysSetHospitalTab::SysSetHospitalTab(SettingsDraft& draft, bool chinese, QWidget
 {
     auto* grid = new QGridLayout(this);
     grid->setSpacing(2 * style::GridStep);
-    grid->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    grid->setContentsMargins(style::Margins);
     grid->addWidget(HospitalGroup(), 0, 0);
     grid->addWidget(ItemGroup(), 1, 0);
     grid->addWidget(DepartmentGroup(), 0, 1, 3, 1);

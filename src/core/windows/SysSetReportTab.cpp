@@ -48,7 +48,7 @@ SysSetReportTab::SysSetReportTab(SettingsDraft& draft, bool chinese, const Pictu
 {
     auto* grid = new QGridLayout(this);
     grid->setSpacing(2 * style::GridStep);
-    grid->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    grid->setContentsMargins(style::Margins);
     grid->addWidget(
         PairGroup({"打印质量", "Print Mode"},
                   {{{"正常打印（打印速度快）", "Normal Print(Fast)"}, {"精细打印（打印速度慢）", "Fine Print(Slow)"}}},

@@ -37,14 +37,6 @@ const std::array<Filter, 3> filters{{
     {{"基漂抑制", "DF Filter"}, 1, {"0.3 s", "0.5 s", "0.8 s", "1.6 s"}},
 }};
 
-QGridLayout* GridIn(QGroupBox* group)
-{
-    auto* grid = new QGridLayout(group);
-    grid->setHorizontalSpacing(2 * style::GridStep);
-    grid->setVerticalSpacing(style::GridStep);
-    return grid;
-}
-
 }  // namespace
 
 SysSetSampleTab::SysSetSampleTab(SettingsDraft& draft, bool chinese, QWidget* parent)
@@ -52,7 +44,7 @@ SysSetSampleTab::SysSetSampleTab(SettingsDraft& draft, bool chinese, QWidget* pa
 {
     auto* column = new QVBoxLayout(this);
     column->setSpacing(2 * style::GridStep);
-    column->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    column->setContentsMargins(style::Margins);
     column->addWidget(LeadGroupBox());
     auto* row = new QHBoxLayout;
     row->setSpacing(2 * style::GridStep);
@@ -76,7 +68,7 @@ QGroupBox* SysSetSampleTab::LeadGroupBox()
                                             {"显示胸导联", "Display Chest Lead"},
                                             {"显示全部导联", "Display All Lead"}}};
     auto* group = new QGroupBox(Twin{"波形显示控制", "Wave Display Control"}.In(chinese_), this);
-    auto* grid = GridIn(group);
+    auto* grid = style::GridIn(*group);
     for (std::size_t i = 0; i < LeadCount; ++i) {
         Check1_[i] = Named(new QCheckBox(labels::Leads[i], group), "Check1", i);
         const int place = static_cast<int>(i);
@@ -100,7 +92,7 @@ QGroupBox* SysSetSampleTab::LeadGroupBox()
 QGroupBox* SysSetSampleTab::FilterGroup()
 {
     auto* group = new QGroupBox(Twin{"滤波设定", "Filter Setup"}.In(chinese_), this);
-    auto* grid = GridIn(group);
+    auto* grid = style::GridIn(*group);
     for (std::size_t i = 0; i < filters.size(); ++i) {
         const QString caption = filters[i].Caption.In(chinese_);
         Combo1_[i] = Named(new QComboBox(group), "Combo1", i);
@@ -117,7 +109,7 @@ QGroupBox* SysSetSampleTab::FilterGroup()
 QGroupBox* SysSetSampleTab::PromptGroup()
 {
     auto* group = new QGroupBox(Twin{"电极连接提示", "Lead Prompt"}.In(chinese_), this);
-    auto* grid = GridIn(group);
+    auto* grid = style::GridIn(*group);
     Check2_ = Named(new QCheckBox(Twin{"提示电极连接", "Lead Prompt"}.In(chinese_), group), "Check2");
     grid->addWidget(Check2_, 0, 0);
     grid->setRowStretch(1, 1);
@@ -127,7 +119,7 @@ QGroupBox* SysSetSampleTab::PromptGroup()
 QGroupBox* SysSetSampleTab::TimeGroup(const char* title, std::size_t first, std::size_t end)
 {
     auto* group = new QGroupBox(title, this);
-    auto* grid = GridIn(group);
+    auto* grid = style::GridIn(*group);
     grid->setHorizontalSpacing(style::GridStep);
     for (std::size_t i = first; i < end; ++i) {
         const QString caption = labels::Examinations[i].In(chinese_);

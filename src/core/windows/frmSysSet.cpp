@@ -54,7 +54,7 @@ frmSysSet::frmSysSet(SharedState& state, MessageBox& messages, Printer& printer,
     setWindowTitle(Twin{"系统信息设置", "System Information Setup"}.In(state_.SysInfo));
     setMinimumWidth(leastWidth);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    column->setContentsMargins(style::Margins);
     column->setSpacing(2 * style::GridStep);
     column->addWidget(SettingTab_, 1);
     AddTabs(pictures);

@@ -120,7 +120,6 @@ HeadedGrid::HeadedGrid(const char* grid, const char* header, std::span<const Gri
     }
     for (int hidden = static_cast<int>(columns.size()); hidden < model.columnCount(); ++hidden)
         view_->setColumnHidden(hidden, true);
-    view_->setAccessibleName(parent == nullptr ? QString() : parent->windowTitle());
     empty_->setAlignment(Qt::AlignCenter);
     empty_->setWordWrap(true);
     connect(&model, &QAbstractItemModel::modelReset, this, [this] { ShowEmptyText(); });

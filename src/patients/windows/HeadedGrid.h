@@ -1,5 +1,5 @@
-// A grid of whole rows below header buttons. The columns share the width of the window; one click on a row, or the arrow
-// keys, choose it.
+// A grid of whole rows below header buttons. The columns share the width of the window; one click on a row, or the
+// arrow keys, choose it.
 //
 //   [ Command1_0 | Command1_1 |      Command1_2      ]
 //   [ PatientTab                                     ]

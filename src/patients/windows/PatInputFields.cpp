@@ -95,7 +95,7 @@ QWidget* PatInputFields::BasicTab(EntryMode mode)
     auto* tab = new QWidget(SSTab1_);
     tab->setMinimumWidth(tabWidth);
     auto* form = new QFormLayout(tab);
-    form->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    form->setContentsMargins(style::Margins);
     form->setSpacing(style::GridStep);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     AddNumber(form, mode);
@@ -189,7 +189,7 @@ QWidget* PatInputFields::MoreTab()
     constexpr int columns = 4;  // two fields beside each other
     auto* tab = new QWidget(SSTab1_);
     auto* grid = new QGridLayout(tab);
-    grid->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    grid->setContentsMargins(style::Margins);
     grid->setSpacing(style::GridStep);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);

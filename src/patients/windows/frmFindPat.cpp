@@ -71,14 +71,6 @@ std::size_t PairOf(std::size_t box)
     return box == sexBox ? 0 : box - firstFlagBox + 1;
 }
 
-QGridLayout* GridIn(QGroupBox* group)
-{
-    auto* grid = new QGridLayout(group);
-    grid->setHorizontalSpacing(2 * style::GridStep);
-    grid->setVerticalSpacing(style::GridStep);
-    return grid;
-}
-
 }  // namespace
 
 frmFindPat::frmFindPat(const SharedState& state, SearchConditions& conditions, QWidget* parent)
@@ -87,7 +79,7 @@ frmFindPat::frmFindPat(const SharedState& state, SearchConditions& conditions, Q
     setObjectName("frmFindPat");
     setWindowTitle(Twin{"患者检索条件输入", "Input of Patient Index"}.In(state_.SysInfo));
     auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    grid->setContentsMargins(style::Margins);
     grid->setSpacing(2 * style::GridStep);
     grid->addWidget(PatientGroup(), 0, 0);
     grid->addLayout(RuleLines(), 1, 0);
@@ -101,7 +93,7 @@ frmFindPat::frmFindPat(const SharedState& state, SearchConditions& conditions, Q
 QGroupBox* frmFindPat::PatientGroup()
 {
     auto* group = new QGroupBox(Twin{"患者资料", "Patient Information"}.In(state_.SysInfo), this);
-    auto* grid = GridIn(group);
+    auto* grid = style::GridIn(*group);
     AddPattern(*grid, 0, new FixedTextEdit(conditions_.No.Bytes().size(), group));
     AddPattern(*grid, 1, new FixedTextEdit(conditions_.Name.Bytes().size(), group));
     AddPair(*grid, sexBox, sexBox);
@@ -113,7 +105,7 @@ QGroupBox* frmFindPat::PatientGroup()
 QGroupBox* frmFindPat::FlagGroup(const Twin& title, std::size_t firstBox, std::size_t end)
 {
     auto* group = new QGroupBox(title.In(state_.SysInfo), this);
-    auto* grid = GridIn(group);
+    auto* grid = style::GridIn(*group);
     grid->setColumnStretch(0, 1);
     for (std::size_t box = firstBox; box < end; ++box)
         AddPair(*grid, static_cast<int>(box - firstBox), box);

@@ -1,5 +1,5 @@
-// What patients are searched for: sixteen conditions, each with a check box that switches it on. The OK button takes them;
-// closing the window any other way leaves the conditions as they were.
+// What patients are searched for: sixteen conditions, each with a check box that switches it on. The OK button takes
+// them; closing the window any other way leaves the conditions as they were.
 //
 // Controls:
 //   Check1     0 number, 1 name, 2 sex, 3 age, 4 height, 5 weight, then the ten flags; red when checked

@@ -78,7 +78,7 @@ frmNote::frmNote(SharedState& state, FileSystem& files, MessageBox& messages, QW
     setObjectName("frmNote");
     setWindowTitle(Twin{"事件输入/修改窗口", "Event Input/Modify Window"}.In(state_.SysInfo));
     auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    grid->setContentsMargins(style::Margins);
     grid->setSpacing(2 * style::GridStep);
     MakeList();
     MakeTextBox();

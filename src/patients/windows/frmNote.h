@@ -1,9 +1,9 @@
-// The events of a record: a list of 46 slots, in which a text is typed over its cell. During sampling events can only be
-// added; in review they can be changed as well, and the wave shown where one lies.
+// The events of a record: a list of 46 slots, in which a text is typed over its cell. During sampling events can only
+// be added; in review they can be changed as well, and the wave shown where one lies.
 //
-// The header that is edited is the shared `CurrentHeader`; `EventMode` says who opened the window. A new event takes the
-// position `BlockStart` has when the window is left, so that while sampling it marks the moment of the exit. In review the
-// header of the record file is rewritten, when the user says so.
+// The header that is edited is the shared `CurrentHeader`; `EventMode` says who opened the window. A new event takes
+// the position `BlockStart` has when the window is left, so that while sampling it marks the moment of the exit. In
+// review the header of the record file is rewritten, when the user says so.
 //
 // Controls:
 //   NoteTab        the list: number, time, text; its current row is the one that is edited or jumped to

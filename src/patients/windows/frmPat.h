@@ -1,5 +1,5 @@
-// The database window: the patients, the chosen one's details and records, and the commands on them. Opened for picking,
-// it only finds a record to compare with.
+// The database window: the patients, the chosen one's details and records, and the commands on them. Opened for
+// picking, it only finds a record to compare with.
 //
 //   ┌ Picture1: what can be done here ──────────────────────── KeyPic ┐
 //   ├ FunKey: commands ───────────────────────────────────────────────┤

@@ -52,7 +52,7 @@ frmPatInput::frmPatInput(SharedState& state, AboutPat& patients, MessageBox& mes
     setObjectName("frmPatInput");
     setWindowTitle(title.In(state_.SysInfo));
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    column->setContentsMargins(style::Margins);
     column->setSpacing(2 * style::GridStep);
     auto* steps = new QHBoxLayout;
     steps->setSpacing(2 * style::GridStep);

@@ -64,6 +64,10 @@ constexpr std::array<Twin, 3> keyTips{{{"退出本窗口", "Exit"},
                                        {"获取本窗口的帮助信息", "Help of Current Window"},
                                        {"打开知识库窗口", "Open Knowology Window"}}};
 
+// For those who hear the window.
+constexpr Twin patientsName{"患者资料", "Patient Information"};
+constexpr Twin recordsName{"检查记录", "Record"};
+
 constexpr Twin nobody{"没有患者资料，请按鼠标右键增加。",
                       "There are no patients. Add one with the right mouse button."};
 
@@ -80,6 +84,7 @@ void frmPat::LayOut()
     column->addWidget(MakePatients(), 2);
     RecTab_ = new HeadedGrid("RecTab", "Command2", recordColumns, state_.Chinese(), records_, this);
     RecTab_->SetHeadersVisible(!browser_.Picking());
+    RecTab_->View().setAccessibleName(recordsName.In(state_.SysInfo));
     column->addWidget(RecTab_, 1);
     SetTabOrder();
 }
@@ -159,6 +164,7 @@ QWidget* frmPat::MakePatients()
     auto* column = new QVBoxLayout;
     column->setSpacing(style::GridStep / 2);
     PatientTab_ = new HeadedGrid("PatientTab", "Command1", patientColumns, state_.Chinese(), patients_, box);
+    PatientTab_->View().setAccessibleName(patientsName.In(state_.SysInfo));
     PatientTab_->SetEmptyText(nobody.In(state_.SysInfo));
     column->addWidget(PatientTab_, 1);
     Label1_ = Named(new QLabel(box), "Label1", 1);

@@ -12,8 +12,8 @@ class QWidget;
 
 namespace ecg {
 
-// Makes one button for each caption, named `name`_0, `name`_1 and so on, and puts them into `buttons`, which has as many
-// places.
+// Makes one button for each caption, named `name`_0, `name`_1 and so on, and puts them into `buttons`, which has as
+// many places.
 QHBoxLayout* MakeButtonRow(QWidget* parent, const char* name, std::initializer_list<QString> captions,
                            std::span<QPushButton*> buttons);
 

@@ -26,7 +26,8 @@ QFont TypesetFont(const TextStyle& style)
     font.setPixelSize(typesetPixels);
     font.setBold(style.Bold);
     font.setHintingPreference(QFont::PreferNoHinting);
-    // Shaping would put glyphs in the place of digits for which a PDF has no character, so that they could not be searched.
+    // Shaping would put glyphs in the place of digits for which a PDF has no character, so that they could not be
+    // searched.
     font.setStyleStrategy(QFont::PreferNoShaping);
     return font;
 }

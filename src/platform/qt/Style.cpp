@@ -1,6 +1,7 @@
 #include "platform/qt/Style.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QPalette>
 #include <QStyleFactory>
 #include <QWidget>
@@ -121,6 +122,14 @@ void SetTextSize(QWidget& widget, int pixels, bool bold)
     font.setPixelSize(pixels);
     font.setBold(bold);
     widget.setFont(font);
+}
+
+QGridLayout* GridIn(QWidget& group)
+{
+    auto* grid = new QGridLayout(&group);
+    grid->setHorizontalSpacing(2 * GridStep);
+    grid->setVerticalSpacing(GridStep);
+    return grid;
 }
 
 void SetHandCursor(QWidget& widget)

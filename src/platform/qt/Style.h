@@ -3,8 +3,10 @@
 
 #include <QColor>
 #include <QFont>
+#include <QMargins>
 
 class QApplication;
+class QGridLayout;
 class QWidget;
 
 namespace ecg::style {
@@ -18,7 +20,9 @@ inline const QColor InkDim(84, 92, 62);         // text of disabled controls, 4.
 inline const QColor Accent(24, 92, 96);         // focus, selection
 inline const QColor Alarm(200, 30, 30);         // alarms, and nothing else
 
-inline constexpr int GridStep = 8;      // pixels; all spacings are multiples
+inline constexpr int GridStep = 8;  // pixels; all spacings are multiples
+inline constexpr QMargins Margins(2 * GridStep, 2 * GridStep, 2 * GridStep, 2 * GridStep);  // inside a window or a tab
+
 inline constexpr int TextPixels = 13;   // ordinary text
 inline constexpr int SmallPixels = 12;  // the smallest: 9 points
 inline constexpr int HeadingPixels = 15;
@@ -30,6 +34,9 @@ void Apply(QApplication& application);
 
 // `widget`'s font at a size of the list above.
 void SetTextSize(QWidget& widget, int pixels, bool bold = false);
+
+// A grid for the controls of a group.
+QGridLayout* GridIn(QWidget& group);
 
 // The pointing hand over what can be clicked.
 void SetHandCursor(QWidget& widget);

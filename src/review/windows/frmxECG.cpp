@@ -242,7 +242,7 @@ void frmxECG::OpenHelp(WindowName window, int context)
 
 void frmxECG::OpenWindow(WindowName window)
 {
-    state_.ReviewMode = static_cast<int>(review_.View.Mode);
+    state_.ReviewMode = review_.View.Mode;
     if (!windows_.ShowBlocking(window))
         Tell(labels::NotInThisVersion);
 }

@@ -93,16 +93,17 @@ TEST_F(MainWindow, TheSelectorsSetWhatTheyName)
 {
     Box.Plug(1);
     Show();
-    for (const char* name : {"Combo1_1", "Combo1_2"})
-        QTest::keyClick(&Control(name), Qt::Key_Down);
-    for (const char* name : {"Combo1_4", "Combo1_5"})
-        QTest::keyClick(&Control(name), Qt::Key_Up);
-    EXPECT_EQ(State.SysInfo.GainIndex, 1);
-    EXPECT_EQ(State.SysInfo.SpeedIndex, 2);
-    EXPECT_EQ(State.SysInfo.FilterOn, (std::array<Byte, 3>{1, 0, 0}));
+    for (const auto& [name, key] : {std::pair{"Combo1_1", Qt::Key_Down},
+                                    {"Combo1_2", Qt::Key_Down},
+                                    {"Combo1_4", Qt::Key_Up},
+                                    {"Combo1_5", Qt::Key_Up}})
+        QTest::keyClick(&Control(name), key);
+    const SysInfo& settings = State.SysInfo;
+    EXPECT_THAT(std::tuple(settings.GainIndex, settings.SpeedIndex), testing::FieldsAre(1, 2));
+    EXPECT_EQ(settings.FilterOn, (std::array<Byte, 3>{1, 0, 0}));
     EXPECT_EQ(Port.Written.back()[4], 37);
     QTest::keyClick(&Control("Combo1_0"), Qt::Key_Down);
-    EXPECT_EQ(State.SysInfo.LeadSystem, 1);
+    EXPECT_EQ(settings.LeadSystem, 1);
     EXPECT_TRUE(Control("VCG_LeadDisp_0").isVisible());
     EXPECT_FALSE(Control("LeadDisp_0").isVisible());
     EXPECT_EQ(LabelOf(Window, "Label3_13"), "5") << "no chest electrodes in Frank";

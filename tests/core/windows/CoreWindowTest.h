@@ -9,11 +9,9 @@
 #include "support/TemporaryDataFolder.h"
 #include "support/WindowDriver.h"
 
-#include <memory>
-
 namespace ecg {
 
-class CoreWindowTest : public testing::Test {
+class CoreWindowTest : public testing::Test, public OneWindow {
 public:
     CoreWindowTest()
     {
@@ -22,16 +20,7 @@ public:
         State.SysInfo.Language = ChineseLanguage;
     }
 
-    // A window on the screen, in place of the one that was shown before.
-    template <class Window, class... Arguments>
-    Window& Show(Arguments&... arguments)
-    {
-        auto window = std::make_unique<Window>(arguments...);
-        Window& shown = *window;
-        window_ = std::move(window);
-        shown.show();
-        return shown;
-    }
+    void TearDown() override { CloseWindow(); }
 
     // From now on nothing can be written in the place of the settings file.
     void BlockSettingsFile() { std::filesystem::create_directory(Folder.File("Sysinfo.par.new")); }
@@ -51,9 +40,6 @@ public:
     ScriptedMessageBox Messages;
     RecordingPrinter Printer;
     ecg::Pictures Pictures{std::filesystem::path(ECG_SOURCE) / "assets" / "pictures"};
-
-private:
-    std::unique_ptr<QWidget> window_;
 };
 
 }  // namespace ecg

@@ -57,6 +57,8 @@ protected:
         return List(window).item(row - 1, column)->text().toStdString();
     }
 
+    static void Insert(QWidget& window) { QTest::keyClick(&List(window), Qt::Key_Insert); }
+
     // Types over the text of the box that has just opened.
     static void TypeText(QWidget& window, const char* text)
     {
@@ -83,11 +85,11 @@ TEST_F(NoteTest, DuringSamplingNewEventsTakeThePositionOfTheExit)
     QTest::mouseDClick(List(window).viewport(), Qt::LeftButton, {}, PlaceOf(window, 1));
     EXPECT_FALSE(Find<QWidget>(window, "Text3").isVisible());
 
-    QTest::keyClick(&List(window), Qt::Key_Insert);
+    Insert(window);
     TypeText(window, "first");
     QTest::keyClick(&Find<QLineEdit>(window, "Text3"), Qt::Key_Return);
     EXPECT_TRUE(window.isVisible());
-    QTest::keyClick(&List(window), Qt::Key_Insert);
+    Insert(window);
     TypeText(window, "second");
     state_.BlockStart = 9500;  // the sampling goes on
     Click(window, "Command1_1");
@@ -102,7 +104,7 @@ TEST_F(NoteTest, NeitherTheEndOfTheSamplingNorEscapeLosesATypedText)
 {
     for (const bool finished : {true, false}) {
         auto& window = Open(Sampling);
-        QTest::keyClick(&List(window), Qt::Key_Insert);
+        Insert(window);
         TypeText(window, "typed");
         if (finished) {
             window.Finish();
@@ -145,7 +147,7 @@ TEST_F(NoteTest, InReviewAnEventIsChangedByTheMenuAndSavedWhenTheUserSaysSo)
     EXPECT_EQ(FileHeader().EventPos[0], 0);
     EXPECT_EQ(state_.CurrentHeader.EventText, FileHeader().EventText);
     EXPECT_EQ(state_.BlockStart, 9000);
-    EXPECT_TRUE(ReadBytes(Path(folder) / name).ends_with(samples));
+    EXPECT_TRUE(FileBytes(Path(folder) / name).ends_with(samples));
     EXPECT_TRUE(messages_.Shown.empty());
 }
 
@@ -198,7 +200,7 @@ TEST_F(NoteTest, LeavingTheCellTakesTheTextAndAFullListTakesNoMore)
         state_.CurrentHeader.EventText[i].Set("x");
     }
     auto& window = Open(Review);
-    QTest::keyClick(&List(window), Qt::Key_Insert);
+    Insert(window);
     EXPECT_FALSE(Find<QWidget>(window, "Text3").isVisible());
     QTest::keyClick(&List(window), Qt::Key_End, Qt::ControlModifier);
     QTest::keyClick(&List(window), Qt::Key_Return);
@@ -213,6 +215,23 @@ TEST_F(NoteTest, LeavingTheCellTakesTheTextAndAFullListTakesNoMore)
     EXPECT_TRUE(List(window).hasFocus());
 }
 
+// clang-format off
+const std::vector<Twin> captions{
+    {"事件输入/修改窗口", "Event Input/Modify Window"}, {"帮助", "Help"}, {"事件列表", "Event List"},
+    {"1、本窗口自动屏蔽不能操     作的按键和菜单；", "1.The Key which can't      be Control will be       Cancel;"},
+    {"2、选择需要修改事件所在     的行，用鼠标右键菜单     输入或修改内容；",
+     "2.Select Event Line ,      Input or Modify the      Content using            RightButton;"},
+    {"3、按【退出】键后自动填     写当前时间，同时退出     本窗口；",
+     "3.Press[Exit] Key ,        System Give Time ,       then Exit Current        Window;"},
+    {"4、采样过程中，每次只能     输入一次事件，多次的     输入均被定位到同一位     置；",
+     "4.In Analisys Window,      using [To Event],        Locate It Soon;"},
+    {"5、在数据分析过程中，使     用【到事件】可以迅速     显示该事件发生时的波     形数据；", ""},
+    {"到事件", "To Event"}, {"退出", "Exit"}, {"添加事件", "Add Event"}, {"修改事件", "Modify Event"},
+    {"确认忽略", "Cancel Modify"}, {"有关系统信息已经修改！", "Some Information be Modify!"},
+    {"忽略修改的内容吗？", "Cancel modify?"}, {"保存", "Save"}, {"丢弃", "Cancel"}, {"返回", "Back"}};
+constexpr Twin headers[]{{"序号", "Number"}, {"时间", "Event Time"}, {"事件内容", "Event Content"}};
+// clang-format on
+
 TEST_F(NoteTest, SpeaksBothLanguages)
 {
     for (const bool chinese : {true, false}) {
@@ -220,30 +239,7 @@ TEST_F(NoteTest, SpeaksBothLanguages)
         auto& window = Open(Review);
         EditRow(window, 2, "x");
         Click(window, "Command1_1");
-        ExpectCaptions(window, chinese,
-                       {{"事件输入/修改窗口", "Event Input/Modify Window"},
-                        {"帮助", "Help"},
-                        {"事件列表", "Event List"},
-                        {"1、本窗口自动屏蔽不能操     作的按键和菜单；",
-                         "1.The Key which can't      be Control will be       Cancel;"},
-                        {"2、选择需要修改事件所在     的行，用鼠标右键菜单     输入或修改内容；",
-                         "2.Select Event Line ,      Input or Modify the      Content using            RightButton;"},
-                        {"3、按【退出】键后自动填     写当前时间，同时退出     本窗口；",
-                         "3.Press[Exit] Key ,        System Give Time ,       then Exit Current        Window;"},
-                        {"4、采样过程中，每次只能     输入一次事件，多次的     输入均被定位到同一位     置；",
-                         "4.In Analisys Window,      using [To Event],        Locate It Soon;"},
-                        {"5、在数据分析过程中，使     用【到事件】可以迅速     显示该事件发生时的波     形数据；", ""},
-                        {"到事件", "To Event"},
-                        {"退出", "Exit"},
-                        {"添加事件", "Add Event"},
-                        {"修改事件", "Modify Event"},
-                        {"确认忽略", "Cancel Modify"},
-                        {"有关系统信息已经修改！", "Some Information be Modify!"},
-                        {"忽略修改的内容吗？", "Cancel modify?"},
-                        {"保存", "Save"},
-                        {"丢弃", "Cancel"},
-                        {"返回", "Back"}});
-        const Twin headers[] = {{"序号", "Number"}, {"时间", "Event Time"}, {"事件内容", "Event Content"}};
+        ExpectCaptions(window, chinese, captions);
         for (int column = 0; column < 3; ++column)
             EXPECT_EQ(List(window).horizontalHeaderItem(column)->text(), headers[column].In(chinese));
     }

@@ -93,38 +93,26 @@ TEST_F(PatInputTest, ShowsInColourWhetherTheNumberIsFreeAndRefusesOneThatIsNot)
     }
 }
 
+using Deed = void (*)(frmPatInput&);
+
 TEST_F(PatInputTest, JudgesAValueOnceWhenItsFieldIsLeft)
 {
-    struct Field {
-        const char* Name;
-        const char* Accepted;
-        const char* Refused;
-        Twin Message;
-    };
-    const std::array<Field, 3> fields{
-        {{"Text1_1",
-          "200",
-          "201",
-          {"输入的患者【年龄】超出允许范围，请重新输入！", "[Age] out of limit,please re-input!"}},
-         {"Text1_2",
-          "40",
-          "39",
-          {"输入的患者【身高】超出允许范围，请重新输入！", "[Height] out of limit,please re-input!"}},
-         {"Text1_3",
-          "5",
-          "4",
-          {"输入的患者【体重】超出允许范围，请重新输入！", "[Weight] out of limit,please re-input!"}}}};
-    const std::array<void (*)(frmPatInput&), 5> ways{[](frmPatInput& window) { Press(window, Qt::Key_Tab); },
-                                                     [](frmPatInput& window) { ClickMark(window, "Option1_1"); },
-                                                     [](frmPatInput& window) { Press(window, Qt::Key_Return); },
-                                                     [](frmPatInput& window) { Click(window, "Command1_1"); },
-                                                     [](frmPatInput& window) { ShowTab(window, 1); }};
+    // clang-format off
+    const std::tuple<const char*, const char*, const char*, Twin> fields[]{  // name, accepted, refused, message
+        {"Text1_1", "200", "201", {"输入的患者【年龄】超出允许范围，请重新输入！", "[Age] out of limit,please re-input!"}},
+        {"Text1_2", "40", "39", {"输入的患者【身高】超出允许范围，请重新输入！", "[Height] out of limit,please re-input!"}},
+        {"Text1_3", "5", "4", {"输入的患者【体重】超出允许范围，请重新输入！", "[Weight] out of limit,please re-input!"}}};
+    const Deed ways[]{[](auto& window) { Press(window, Qt::Key_Tab); }, [](auto& window) { ShowTab(window, 1); },
+                      [](auto& window) { Press(window, Qt::Key_Return); },
+                      [](auto& window) { Click(window, "Command1_1"); },
+                      [](auto& window) { ClickMark(window, "Option1_1"); }};
+    // clang-format on
     for (const bool chinese : {true, false}) {
         Speak(chinese);
         auto& window = Open(EntryMode::Add);
         Type(window, "Text1_10", "77");
         for (const auto& [name, accepted, refused, message] : fields) {
-            for (const auto leave : ways) {
+            for (const Deed leave : ways) {
                 Type(window, name, refused);
                 leave(window);
                 QApplication::processEvents();
@@ -281,89 +269,62 @@ TEST_F(PatInputTest, ChoosesTheItemsAndTheTimeOfTheExamination)
 
 TEST_F(PatInputTest, AsksBeforeWhatWasTypedIsForgotten)
 {
-    const std::array<void (*)(frmPatInput&), 3> ways{[](frmPatInput& window) { Click(window, "Command1_0"); },
-                                                     [](frmPatInput& window) { Press(window, Qt::Key_Escape); },
-                                                     [](frmPatInput& window) { window.close(); }};
-    const std::array<void (*)(frmPatInput&), 4> changes{[](frmPatInput& window) { Type(window, "Text1_10", "2"); },
-                                                        [](frmPatInput& window) { ClickMark(window, "Option1_1"); },
-                                                        [](frmPatInput& window) {
-                                                            ShowTab(window, 1);
-                                                            ClickMark(window, "Check1_0");
-                                                        },
-                                                        [](frmPatInput&) {}};
-    for (const bool chinese : {true, false})
-        for (const auto leave : ways)
-            for (const auto change : changes) {
-                Speak(chinese);
-                auto& window = Open(EntryMode::Examine);
-                change(window);
-                const bool asks = change != changes.back();
-                for (const bool answer : {false, true}) {
-                    messages_.Answer = answer;
-                    leave(window);
-                    if (asks)
-                        ExpectMessage({"忽略输入的患者资料吗？", "Cancel Patient Information?"},
-                                      {"确认忽略本次更改", "Conform Cancel Modify"}, MessageButtons::OkCancel);
-                    EXPECT_EQ(window.isVisible(), asks && !answer);
-                }
-                EXPECT_TRUE(messages_.Shown.empty());
-                EXPECT_TRUE(state_.CurrentPatient.No.IsBlank());
+    const Deed ways[]{[](auto& window) { Click(window, "Command1_0"); },
+                      [](auto& window) { Press(window, Qt::Key_Escape); }, [](auto& window) { window.close(); }};
+    const Deed changes[]{[](auto& window) { Type(window, "Text1_10", "2"); },
+                         [](auto& window) { ClickMark(window, "Option1_1"); }, [](auto&) {}};
+    for (const Deed leave : ways)
+        for (const Deed change : changes) {
+            Speak(leave == ways[0]);
+            auto& window = Open(EntryMode::Examine);
+            change(window);
+            const bool asks = change != changes[2];
+            for (const bool answer : {false, true}) {
+                messages_.Answer = answer;
+                leave(window);
+                if (asks)
+                    ExpectMessage({"忽略输入的患者资料吗？", "Cancel Patient Information?"},
+                                  {"确认忽略本次更改", "Conform Cancel Modify"}, MessageButtons::OkCancel);
+                EXPECT_EQ(window.isVisible(), asks && !answer);
             }
+            EXPECT_TRUE(messages_.Shown.empty() && state_.CurrentPatient.No.IsBlank());
+        }
 }
 
 TEST_F(PatInputTest, StaysOpenWhenTheDiskRefuses)
 {
     auto& window = Open(EntryMode::Add);
+    state_.CurrentPatient = Patient("1");
     WriteBytes(Path("Comm.dat"), "a file where the folder would be");
     Type(window, "Text1_10", "Comm.dat");
     Press(window, Qt::Key_Return);
     ExpectRefusal({"操作没有完成：无法读写患者资料。请检查磁盘空间和数据文件夹的权限，然后再次确定。", ""});
     EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(database_->Patients.RowCount(), 3);
+    EXPECT_EQ(state_.CurrentPatient.No.Text(), "1");
+    EXPECT_EQ(file_.Count(), 3);
 }
+
+// clang-format off
+const std::vector<Twin> patientWords{
+    {"确定患者资料和检查项目", "Patient Information and Record"},
+    {"患者基本资料", "Patient Basic Inormation"}, {"患者辅助资料", "Patient Aide Inormation"},
+    {"必填项目，同时每个患者拥有独立的病历号", "MUST Fill,Sole Number for Each Patient"},
+    {"可选项目，允许为空，要求先填写病历号", "Select Item,Fill Med No.Before"}, {"可选项目，允许为空", "Select Item"},
+    {"病历号", "Med No."}, {"患者姓名", "Name"}, {"患者性别", "Sex"}, {"女", "Female"}, {"患者年龄", "Age"},
+    {"岁   (范围：0 -200)", "years (Range:0 -200)"}, {"患者身高", "Height"}, {"厘米 (范围：40-250)", "cm (Range:40-250)"},
+    {"患者体重", "Weight"}, {"千克 (范围：5 -250)", "kg (Range:5 -250)"}, {"地址", "Address"}, {"邮编", "P.C."},
+    {"电话", "Tel"}, {"电子信箱", "eMail"}, {"身份证号", "I.D."}, {"医保卡号", "Med Card"}, {"自定义项4", "Item4"},
+    {"危险因子", "Warn Factor"}, {"先天性心脏病", "Congenital Herat Disease"}, {"无症状", "No Symptom"}};
+const std::vector<Twin> examinationWords{
+    {"送检单位", "Class"}, {"床位号", "Bed"}, {"第一步：确定患者的资料", "Step 1:Patient Information"},
+    {"第二步：确定检查项目", "Step 2:Record Type"}, {"Wilson体系的检查项目", "Wilson System Record Type"},
+    {"Frank体系的检查项目", "Frank System Record Type"}, {"由人工控制采样时间", "Manual Control Sample Time"},
+    {"由检查项目设定采样时间", "System Control Sample Time"}, {"设定的采样时间", "Selected Sample Time"}, {"秒", "s"},
+    {"Auto", "Auto"}, {"常规心电", "ECG"}, {"心晚电位", "VLP"}};
+// clang-format on
 
 TEST_F(PatInputTest, SpeaksBothLanguages)
 {
-    const std::vector<Twin> patient{
-        ownTitle_,
-        {"患者基本资料", "Patient Basic Inormation"},
-        {"患者辅助资料", "Patient Aide Inormation"},
-        {"必填项目，同时每个患者拥有独立的病历号", "MUST Fill,Sole Number for Each Patient"},
-        {"可选项目，允许为空，要求先填写病历号", "Select Item,Fill Med No.Before"},
-        {"可选项目，允许为空", "Select Item"},
-        {"病历号", "Med No."},
-        {"患者姓名", "Name"},
-        {"患者性别", "Sex"},
-        {"女", "Female"},
-        {"患者年龄", "Age"},
-        {"岁   (范围：0 -200)", "years (Range:0 -200)"},
-        {"患者身高", "Height"},
-        {"厘米 (范围：40-250)", "cm (Range:40-250)"},
-        {"患者体重", "Weight"},
-        {"千克 (范围：5 -250)", "kg (Range:5 -250)"},
-        {"地址", "Address"},
-        {"邮编", "P.C."},
-        {"电话", "Tel"},
-        {"电子信箱", "eMail"},
-        {"身份证号", "I.D."},
-        {"医保卡号", "Med Card"},
-        {"自定义项4", "Item4"},
-        {"危险因子", "Warn Factor"},
-        {"先天性心脏病", "Congenital Herat Disease"},
-        {"无症状", "No Symptom"}};
-    const std::vector<Twin> examination{{"送检单位", "Class"},
-                                        {"床位号", "Bed"},
-                                        {"第一步：确定患者的资料", "Step 1:Patient Information"},
-                                        {"第二步：确定检查项目", "Step 2:Record Type"},
-                                        {"Wilson体系的检查项目", "Wilson System Record Type"},
-                                        {"Frank体系的检查项目", "Frank System Record Type"},
-                                        {"由人工控制采样时间", "Manual Control Sample Time"},
-                                        {"由检查项目设定采样时间", "System Control Sample Time"},
-                                        {"设定的采样时间", "Selected Sample Time"},
-                                        {"秒", "s"},
-                                        {"Auto", "Auto"},
-                                        {"常规心电", "ECG"},
-                                        {"心晚电位", "VLP"}};
     for (const bool chinese : {true, false}) {
         Speak(chinese);
         for (auto& name : state_.SysInfo.CustomItemName)
@@ -371,15 +332,15 @@ TEST_F(PatInputTest, SpeaksBothLanguages)
         state_.SysInfo.CustomItemName[0].Set("Own Item");
         for (const EntryMode mode : {EntryMode::Add, EntryMode::Modify}) {
             auto& window = Open(mode);
-            ExpectCaptions(window, chinese, patient);
+            ExpectCaptions(window, chinese, patientWords);
             ExpectCaptions(window, chinese, {{"患者资料输入", "Input Patient Information"}});
             for (const char* name : {"Frame3", "Combo1", "Text1_15"})
                 EXPECT_FALSE(Find<QWidget>(window, name).isVisible());
             EXPECT_EQ(LabelOf(window, "def_0"), "Own Item");
         }
         auto& window = Open(EntryMode::Examine);
-        ExpectCaptions(window, chinese, patient);
-        ExpectCaptions(window, chinese, examination);
+        ExpectCaptions(window, chinese, patientWords);
+        ExpectCaptions(window, chinese, examinationWords);
     }
 }
 

@@ -56,7 +56,7 @@ protected:
     std::unique_ptr<AboutPat> database_;
 };
 
-TEST_F(PatTest, ShowsTheFirstPatientWithDetailsAndRecords)
+TEST_F(PatTest, ShowsThePatientThatIsChosenWithDetailsAndRecords)
 {
     PutThree();
     auto& window = Open();
@@ -66,16 +66,10 @@ TEST_F(PatTest, ShowsTheFirstPatientWithDetailsAndRecords)
     EXPECT_EQ(LabelOf(window, "Label3_20"), "无");
     EXPECT_THAT(Cells(window, "RecTab", 2), ElementsAre("00:00:02", "00:00:04"));
     EXPECT_THAT(state_.RecordPath, EndsWith("\\000000001\\20260101080910.W"));
-
     ClickRow(window, "RecTab", 1);
     EXPECT_EQ(state_.RecordPath, "\\000000001\\20260102080910.F");
     EXPECT_EQ(state_.CurrentRecordFile, "20260102080910.F");
-}
-
-TEST_F(PatTest, TheLineOfTheChosenPatientCountsTheRecordsOfTheOneBefore)
-{
-    PutThree();
-    auto& window = Open();
+    // The line counts the records of the patient before.
     EXPECT_EQ(LabelOf(window, "Label1_1"), "共有患者 3 人， name 1 已有 0 次检查");
     ClickRow(window, "PatientTab", 1);
     EXPECT_EQ(LabelOf(window, "Label1_1"), "共有患者 3 人， name 2 已有 2 次检查");
@@ -142,23 +136,30 @@ TEST_F(PatTest, DeletesTheSelectedPatientsWhicheverWayTheyWereSelected)
 TEST_F(PatTest, ASubFolderStopsADeletionAndIsTold)
 {
     PutThree();
+    PutFile("000000002", "a.W");
     std::filesystem::create_directories(Path("000000002") / "sub");
     auto& window = Open();
     Speak(false);
     Grid(window, "PatientTab").selectAll();
     Click(window, "FunKey_2");
     EXPECT_THAT(Cells(window, "PatientTab", 0), ElementsAre("000000002", "000000003"));
+    EXPECT_FALSE(IsFile(Path("000000002") / "a.W"));
     EXPECT_EQ(messages_.Shown.back().Text, "Under \\data\\000000002 ,A SubDirectory Exist\nMust Delete Them Before!");
 }
 
 TEST_F(PatTest, DeletesRecordsAndLeavesTheFolder)
 {
     PutThree();
+    PutFile("000000001", "20260103080910.F");
     auto& window = Open();
-    Grid(window, "RecTab").selectAll();
+    ClickRow(window, "RecTab", 2);
+    ClickRow(window, "RecTab", 1, Qt::ShiftModifier);
     Trigger(window, "Menu2_0");
     EXPECT_EQ(messages_.Shown.back().Text, "确认删除选择的 2 条检查记录吗？");
-    EXPECT_TRUE(Cells(window, "RecTab", 0).empty());
+    EXPECT_THAT(Cells(window, "RecTab", 9), ElementsAre("20260101080910.W"));
+    EXPECT_EQ(Cells(window, "PatientTab", 6).front(), "1");
+    ClickRow(window, "RecTab", 0);
+    Trigger(window, "Menu2_0");
     EXPECT_EQ(Cells(window, "PatientTab", 6).front(), "0");
     EXPECT_TRUE(std::filesystem::is_directory(Path("000000001")));
     EXPECT_FALSE(Find<QToolButton>(window, "FunKey_5").isEnabled());
@@ -237,7 +238,9 @@ TEST_F(PatTest, SpeaksBothLanguages)
     PutThree();
     for (const bool chinese : {true, false}) {
         Speak(chinese);
-        ExpectCaptions(Open(), chinese, captions);
+        auto& window = Open();
+        ExpectCaptions(window, chinese, captions);
+        EXPECT_EQ(Grid(window, "PatientTab").accessibleName(), chinese ? "患者资料" : "Patient Information");
         ExpectCaptions(Open(2), chinese,
                        {{"当前状态：选择用于对照的检查记录", "Current State：Select Record for Reference"},
                         {"方法：①选择需要的患者和检查记录 ②按窗口右上【×】键返回。",

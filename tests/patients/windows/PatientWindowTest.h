@@ -9,11 +9,11 @@
 #include "support/WindowDriver.h"
 #include "support/WindowWords.h"
 
-#include <memory>
+#include <functional>
 
 namespace ecg {
 
-class PatientWindowTest : public PatientTest {
+class PatientWindowTest : public PatientTest, public OneWindow {
 protected:
     PatientWindowTest() { Speak(true); }
 
@@ -24,23 +24,20 @@ protected:
         state_.SysInfo.Language = chinese ? 1 : 2;
     }
 
-    // A window on the screen, in place of the one that was shown before.
-    template <class Window, class... Arguments>
-    Window& Show(Arguments&... arguments)
+    void TearDown() override { CloseWindow(); }
+
+    // What `open` shows has these captions in both languages.
+    void ExpectInBothLanguages(const std::function<QWidget&()>& open, const std::vector<Twin>& captions)
     {
-        auto window = std::make_unique<Window>(arguments...);
-        Window& shown = *window;
-        window_ = std::move(window);
-        shown.show();
-        return shown;
+        for (const bool chinese : {true, false}) {
+            Speak(chinese);
+            ExpectCaptions(open(), chinese, captions);
+        }
     }
 
     ScriptedMessageBox messages_;
     ScriptedWindows windows_;
     Pictures pictures_{std::filesystem::path(ECG_SOURCE) / "assets" / "pictures"};
-
-private:
-    std::unique_ptr<QWidget> window_;
 };
 
 }  // namespace ecg
