@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 namespace ecg {
@@ -137,9 +138,11 @@ void frmxECG::SetForm(EcgForm form)
 }
 
 // The database window chooses. It is made anew for picking; when the record in review came from it, it stands there again
-// afterwards. Events go on meanwhile, but this window takes none.
+// afterwards. It takes up a patient and a record when it opens, but here the ones in review stay. Events go on meanwhile, but
+// this window takes none.
 bool frmxECG::ChooseComparison()
 {
+    const auto inReview = std::tuple(state_.RecordPath, state_.CurrentRecordFile, state_.CurrentPatient);
     windows_.Close(WindowName::frmPat);
     state_.ComparePath.clear();
     state_.PatWindowMode = pickingMode;
@@ -154,6 +157,7 @@ bool frmxECG::ChooseComparison()
         return false;
     if (state_.RecordOpenMode == 0)
         windows_.Show(WindowName::frmPat);
+    std::tie(state_.RecordPath, state_.CurrentRecordFile, state_.CurrentPatient) = inReview;
     raise();
     activateWindow();
     if (!shown || state_.ComparePath == noComparison)

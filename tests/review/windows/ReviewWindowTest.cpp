@@ -168,10 +168,14 @@ TEST_F(ReviewWindowTest, ChoosesAComparisonInTheDatabaseOrKeepsTheForm)
     windows_.Scripts[WindowName::frmPat] = [this] {
         if (State.PatWindowMode == 2)
             State.ComparePath = "other.W";
+        else
+            State.RecordPath = "other.W";  // as the database takes up what it shows
     };
+    const std::string record = State.RecordPath;
     Trigger("ECG_Menu_6");
     EXPECT_EQ(Review.View.Form, EcgForm::Contrast);
     EXPECT_THAT(windows_.Opened, ElementsAre(WindowName::frmPat, WindowName::frmPat)) << "it came from there";
+    EXPECT_EQ(State.RecordPath, record);
     State.RecordOpenMode = 1;
     windows_.Opened.clear();
     Trigger("ECG_Menu_6");
