@@ -16,9 +16,11 @@ namespace {
 struct Recording {
     const char* Header;
     const char* Number;  // of its patient, as the grid shows it
+    const char* Name;
+    const char* Age;
 };
-constexpr Recording twelveLeads{"s0010_re.hea", "000001001"};  // 38 s
-constexpr Recording halfHour{"100.hea", "000001002"};          // two leads
+constexpr Recording twelveLeads{"s0010_re.hea", "000001001", "李秋实", "63"};  // 38 s
+constexpr Recording halfHour{"100.hea", "000001002", "陈立春", "69"};          // two leads
 
 std::filesystem::path HeaderOf(const Recording& recording)
 {
@@ -39,13 +41,14 @@ int RowOfPatient(TourDriver& tour, const QWidget& database, const Recording& rec
     return row >= 0 ? row : tour.RowOf(database, "PatientTab", "RUVO00000");
 }
 
-void EnterName(TourDriver& tour, QWidget& database)
+void EnterName(TourDriver& tour, QWidget& database, const Recording& recording)
 {
+    tour.ClickRow(database, "PatientTab", RowOfPatient(tour, database, recording));
     tour.InWindow(
         "frmPatInput", [&] { tour.Click(database, "FunKey_1"); },
         [&](QWidget& entry) {
-            tour.Type(entry, "Text1_0", "李秋实");
-            tour.Type(entry, "Text1_1", "63");
+            tour.Type(entry, "Text1_0", recording.Name);
+            tour.Type(entry, "Text1_1", recording.Age);
             tour.Click(entry, "Command1_1");
         });
 }
@@ -189,9 +192,9 @@ void PlayModes(const ReviewScene& scene)
 void PlayReview(TourDriver& tour, Workstation& workstation, PrintQueue& queue, const QString& language)
 {
     QWidget& database = OpenDatabase(tour, workstation);
+    EnterName(tour, database, halfHour);
+    EnterName(tour, database, twelveLeads);
     const int first = RowOfPatient(tour, database, twelveLeads);
-    tour.ClickRow(database, "PatientTab", first);
-    EnterName(tour, database);
     QWidget& review = OpenReview(tour, database, first);
     PlayFirstRecord({tour, workstation, queue, language, database, review});
 
