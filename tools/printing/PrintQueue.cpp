@@ -28,10 +28,43 @@ constexpr int jobsPerProcess = 500;  // keeps the numbers of all processes below
 
 namespace fs = std::filesystem;
 
-void Write(const fs::path& file, const std::string& text)
-{
-    std::ofstream(file) << text;
-}
+// In these texts @ is the folder of the queue.
+constexpr const char* filesConfiguration = R"(ServerRoot @/etc
+RequestRoot @/spool
+TempDir @/spool/tmp
+CacheDir @/cache
+StateDir @/state
+AccessLog @/access_log
+ErrorLog @/error_log
+PageLog @/page_log
+Printcap
+SystemGroup root
+SyncOnClose No
+)";
+
+// Whoever reaches the socket may do everything: nobody else knows it.
+constexpr const char* schedulerConfiguration = R"(Listen @/socket
+LogLevel warn
+PreserveJobFiles Yes
+Browsing Off
+WebInterface No
+DefaultAuthType None
+<Location />
+  Order allow,deny
+  Allow all
+</Location>
+<Policy default>
+  <Limit All>
+    Order deny,allow
+  </Limit>
+</Policy>
+)";
+
+// What the backend calls with each finished file, as a user without rights. A file appears under its name when it is whole.
+constexpr const char* delivery = R"(#!/bin/sh
+job=${1##*/job_}
+mv "$1" @/printed/part && mv @/printed/part "@/printed/${job%%-*}.pdf"
+)";
 
 void Allow(const fs::path& path, unsigned mode)
 {
@@ -84,7 +117,6 @@ std::string PrintQueue::Open()
     if (!folder_.isValid())
         return "no temporary folder: " + folder_.errorString().toStdString();
     WriteConfiguration();
-    WriteDelivery();
     StartScheduler();
     QElapsedTimer clock;
     clock.start();
@@ -107,34 +139,25 @@ std::string PrintQueue::LogText() const
 
 void PrintQueue::WriteConfiguration() const
 {
-    const std::string folder = File("").string();
-    for (const char* part : {"etc", "spool/tmp", "cache", "state"})
-        fs::create_directories(File(part));
-    Allow(folder, 0755);  // filters and the backend run as users of their own
-    Write(File("files.conf"), "ServerRoot " + folder + "etc\nRequestRoot " + folder + "spool\nTempDir " + folder +
-                                  "spool/tmp\nCacheDir " + folder + "cache\nStateDir " + folder + "state\nAccessLog " +
-                                  folder + "access_log\nErrorLog " + folder + "error_log\nPageLog " + folder +
-                                  "page_log\nPrintcap\nSystemGroup root\nSyncOnClose No\n");
-    Write(File("cupsd.conf"),
-          "Listen " + folder +
-              "socket\nLogLevel warn\nPreserveJobFiles Yes\nBrowsing Off\nWebInterface No\nDefaultAuthType None\n"
-              "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n"
-              "<Policy default>\n  <Limit All>\n    Order deny,allow\n  </Limit>\n</Policy>\n");
+    std::error_code error;
+    for (const char* part : {"etc", "spool/tmp", "cache", "state", "printed"})
+        fs::create_directories(File(part), error);
+    Allow(File(""), 0755);  // filters and the backend run as users of their own
+    Allow(File("printed"), 0777);
+    WriteHere("files.conf", filesConfiguration);
+    WriteHere("cupsd.conf", schedulerConfiguration);
+    WriteHere("deliver", delivery);
+    Allow(File("deliver"), 0755);
     // Documents pass through a folder of the backend that all queues of the machine share: job numbers are unique there.
-    Write(File("cache/job.cache"), "NextJobId " + std::to_string(firstJob_) + "\n");
+    WriteHere("cache/job.cache", "NextJobId " + std::to_string(firstJob_) + "\n");
 }
 
-// What the backend calls with each finished file, as a user without rights. A file appears under its name when it is whole.
-void PrintQueue::WriteDelivery() const
+void PrintQueue::WriteHere(const char* name, std::string text) const
 {
-    const std::string folder = File("printed").string();
-    fs::create_directory(folder);
-    Allow(folder, 0777);
-    Write(File("deliver"), "#!/bin/sh\n"
-                           "job=${1##*/job_}\n"
-                           "mv \"$1\" " +
-                               folder + "/part && mv " + folder + "/part " + folder + "/\"${job%%-*}\".pdf\n");
-    Allow(File("deliver"), 0755);
+    const std::string folder = folder_.path().toStdString();
+    for (std::size_t at = text.find('@'); at != std::string::npos; at = text.find('@', at + folder.size()))
+        text.replace(at, 1, folder);
+    std::ofstream(File(name)) << text;
 }
 
 void PrintQueue::StartScheduler()

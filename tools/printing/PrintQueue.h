@@ -45,7 +45,7 @@ private:
     std::string Open();
     std::string LogText() const;
     void WriteConfiguration() const;
-    void WriteDelivery() const;
+    void WriteHere(const char* name, std::string text) const;
     void StartScheduler();
     void LeadProcessHere() const;
     bool AddPrinter() const;

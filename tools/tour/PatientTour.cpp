@@ -14,16 +14,6 @@ namespace {
 constexpr int examinationMs = 15000;  // ten seconds of sampling, with some grace
 constexpr std::uintmax_t tenSecondsBytes = 4784 + 5000 * 16;
 
-// Whoever was examined: not every patient has a record.
-int RowWithRecords(const QAbstractItemModel& patients)
-{
-    const int records = patients.columnCount() - 1;
-    int row = 0;
-    while (row + 1 < patients.rowCount() && patients.index(row, records).data().toInt() == 0)
-        ++row;
-    return row;
-}
-
 void Trigger(TourDriver& tour, QWidget& window, const char* menu)
 {
     tour.Find<QAction>(window, menu).trigger();
@@ -152,6 +142,7 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     QWidget& database = tour.Window("frmPat");
     const auto& rows = *tour.Find<QTableView>(database, "PatientTab").model();
     const int before = rows.rowCount();
+    const auto examined = QString::fromStdString(workstation.State().CurrentPatient.No.Text());
     tour.Picture(database, "database-" + language);
 
     tour.InWindow(
@@ -173,7 +164,8 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     PlaySearch(tour, database, language);
     tour.Check(rows.rowCount() == before + 1, "without a condition all patients are listed");
 
-    tour.ClickRow(database, "PatientTab", RowWithRecords(rows));
+    tour.Wait(200);
+    tour.ClickRow(database, "PatientTab", tour.RowOf(database, "PatientTab", examined));
     tour.InWindow(
         "frmChangeClass", [&] { Trigger(tour, database, "Menu2_2"); },
         [&](QWidget& window) {
@@ -183,7 +175,7 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     tour.Click(database, "Command1_1");
     tour.Click(database, "Command1_1");
     tour.Picture(database, "sorted-" + language);
-    tour.ClickRow(database, "PatientTab", rows.rowCount() - 1);
+    tour.ClickRow(database, "PatientTab", tour.RowOf(database, "PatientTab", "张小明"));
     tour.Agree([&] { tour.Click(database, "FunKey_2"); }, "delete-" + language);
     tour.Check(rows.rowCount() == before, "a patient was deleted");
     tour.Click(database, "KeyPic_0");

@@ -8,6 +8,8 @@
 namespace ecg {
 
 struct ReviewScene {
+    static constexpr int SettleMs = 100;  // for scroll bars that come and go
+
     TourDriver& Tour;
     Workstation& Program;
     PrintQueue& Queue;
@@ -18,12 +20,16 @@ struct ReviewScene {
     SharedState& State() const { return Program.State(); }
 
     // The traces as they stand on the screen.
-    QImage Traces() const { return Tour.Find(Window, "PicFore").grab().toImage(); }
+    QImage Traces() const
+    {
+        Tour.Wait(SettleMs);
+        return Tour.Find(Window, "PicFore").grab().toImage();
+    }
 
     // The window, named by what it shows.
     void Picture(const QString& name) const
     {
-        Tour.Wait(100);
+        Tour.Wait(SettleMs);
         Tour.Picture(Window, "review-" + name + "-" + Language);
     }
 

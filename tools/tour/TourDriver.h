@@ -53,7 +53,8 @@ public:
     // The window of that name that shows; ends the tour when there is none.
     QWidget& Window(const QString& name);
 
-    // Runs `scene` on the window of that name as soon as it has opened, one that shows already does not count; `open` may return only when it has closed again.
+    // Runs `scene` on the window of that name as soon as it has opened; one that shows already does not count. `open` may
+    // return only when it has closed again.
     void InWindow(const QString& window, const std::function<void()>& open, const std::function<void(QWidget&)>& scene);
 
     // The same for a question of the message box, which is answered with OK after its picture was taken.

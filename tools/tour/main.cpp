@@ -56,7 +56,7 @@ int main(int argc, char* argv[])
         std::fprintf(stderr, "ecg-tour: cannot make a program folder in %s\n", qPrintable(folder.path()));
         return 1;
     }
-    ecg::PrintQueue queue;
+    static ecg::PrintQueue queue;  // ends with the process, however the tour ends
     if (!queue.IsOk())
         std::printf("skipped printed pages: %s\n", queue.Reason().c_str());
     ecg::TourDriver tour(pictures);
