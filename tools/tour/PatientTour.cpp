@@ -1,5 +1,7 @@
 #include "tour/PatientTour.h"
 
+#include "core/PatientNumber.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -142,7 +144,7 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     QWidget& database = tour.Window("frmPat");
     const auto& rows = *tour.Find<QTableView>(database, "PatientTab").model();
     const int before = rows.rowCount();
-    const auto examined = QString::fromStdString(workstation.State().CurrentPatient.No.Text());
+    const auto examined = QString::fromStdString(PatientFolderName(workstation.State().CurrentPatient.No.Text()));
     tour.Picture(database, "database-" + language);
 
     tour.InWindow(
