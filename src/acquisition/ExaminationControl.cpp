@@ -3,8 +3,6 @@
 #include "core/Labels.h"
 #include "core/Numbers.h"
 
-#include <utility>
-
 namespace ecg {
 namespace {
 
@@ -48,8 +46,8 @@ ExaminationControl::~ExaminationControl()
 
 void ExaminationControl::PressGo()
 {
-    if (ending_ != Ending::Not)
-        return LeaveReview(&ExaminationControl::PressGo);
+    if (closing_)
+        return;
     switch (state_.ExamState) {
     case ExamState::Waiting:
         return BeginStandard();
@@ -63,8 +61,8 @@ void ExaminationControl::PressGo()
 
 void ExaminationControl::PressBack()
 {
-    if (ending_ != Ending::Not)
-        return LeaveReview(&ExaminationControl::PressBack);
+    if (closing_)
+        return;
     switch (state_.ExamState) {
     case ExamState::Waiting:
         return BeginQuick();
@@ -73,15 +71,6 @@ void ExaminationControl::PressBack()
     case ExamState::Sampling:
         return SampleAgain();
     }
-}
-
-// A key pressed beside the review of what was just sampled closes it, and acts where nothing else is to follow.
-void ExaminationControl::LeaveReview(Key key)
-{
-    if (ending_ != Ending::Review)
-        return;
-    pressed_ = key;
-    windows_.Close(WindowName::frmxECG);
 }
 
 void ExaminationControl::Leave()
@@ -184,7 +173,7 @@ void ExaminationControl::WriteSample(std::int32_t slot, const RecordSample& samp
 void ExaminationControl::LimitReached()
 {
     StopSampling();
-    ending_ = Ending::Record;
+    closing_ = true;
     view_.RunSoon([this] { CloseRecord(); });
 }
 
@@ -196,19 +185,15 @@ void ExaminationControl::StopSampling()
 
 void ExaminationControl::CloseRecord()
 {
-    ending_ = Ending::Record;
+    closing_ = true;
     windows_.Close(WindowName::frmNote);
     const RecordOutcome outcome = writer_.Close();
     desk_.RefreshRecords();
     state_.RecordOpenMode = 1;
     ShowRecord(outcome);
-    ending_ = Ending::Not;
-    if (left_)
-        return;
-    GoOn();
-    const Key pressed = std::exchange(pressed_, nullptr);
-    if (pressed != nullptr && state_.ExamState == ExamState::Waiting)
-        (this->*pressed)();
+    closing_ = false;
+    if (!left_)
+        GoOn();
 }
 
 // Returns when the record has been looked at.
@@ -217,10 +202,8 @@ void ExaminationControl::ShowRecord(const RecordOutcome& outcome)
     const bool reviewed = LeadSystemOf(state_.SysInfo) == LeadSystem::Wilson;
     if (!reviewed || !outcome.IsWhole())
         TellOfRecord(outcome);
-    if (reviewed) {
-        ending_ = Ending::Review;
+    if (reviewed)
         windows_.ShowBlocking(WindowName::frmxECG);
-    }
     (reviewed ? state_.WilsonSamples : state_.FrankSamples) = 0;
 }
 

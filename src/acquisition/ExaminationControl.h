@@ -33,15 +33,6 @@ public:
     void Leave();
 
 private:
-    using Key = void (ExaminationControl::*)();
-
-    // Where the end of a sampling is.
-    enum class Ending {
-        Not,
-        Record,  // the record is being closed: the keys wait
-        Review   // it is being looked at
-    };
-
     void WriteSample(std::int32_t slot, const RecordSample& sample) override;
     void LimitReached() override;
     void SampleAgain() override;
@@ -54,7 +45,6 @@ private:
     void CloseRecord();
     void ShowRecord(const RecordOutcome& outcome);
     void TellOfRecord(const RecordOutcome& outcome);
-    void LeaveReview(Key key);
     void GoOn();
     bool PrepareSystem(LeadSystem system, std::int32_t samples);
     void PromptElectrodes();
@@ -71,9 +61,8 @@ private:
     RecordWriter& writer_;
     std::string examined_;    // number of the patient whose examination runs
     std::int32_t beats_ = 0;  // marked in the running sampling
-    Ending ending_ = Ending::Not;
-    Key pressed_ = nullptr;  // beside the review
-    bool left_ = false;      // the program ends
+    bool closing_ = false;    // the record is being closed and looked at: the keys wait
+    bool left_ = false;       // the program ends
 };
 
 }  // namespace ecg

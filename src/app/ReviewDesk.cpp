@@ -79,7 +79,7 @@ void ReviewDesk::Open(QWidget* parent)
 void ReviewDesk::Close()
 {
     if (window_)
-        window_->Leave();
+        window_->close();
 }
 
 bool ReviewDesk::IsOpen() const

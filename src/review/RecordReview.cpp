@@ -53,8 +53,6 @@ RecordReview::Opening RecordReview::Open()
     File.CountSlots(WhichRecord::Current);
     File.RFlagList.fill(0);
     File.CenterSlot = 0;
-    path_ = state_.RecordPath;
-    examTime_ = state_.CurrentHeader.ExamTime.Text();
     Result = {};
     ownQt_.reset();
     Spectrum = {};
@@ -93,13 +91,6 @@ std::int32_t RecordReview::SamplesToRead() const
     return SamplesInView() + beatReach;
 }
 
-// The database window beside the review may have selected another record since. Nothing is read from that one or written
-// into it.
-void RecordReview::TakeUpRecord()
-{
-    state_.RecordPath = path_;
-}
-
 bool RecordReview::ReadView()
 {
     if (!ReadBlock())
@@ -110,7 +101,6 @@ bool RecordReview::ReadView()
 
 bool RecordReview::ReadBlock()
 {
-    TakeUpRecord();
     const std::int32_t known = File.SlotCount;
     File.CountSlots(WhichRecord::Current);
     if (File.SlotCount < known || !HasSamples(File.SlotCount)) {
@@ -279,7 +269,6 @@ bool RecordReview::AddFlag(std::int32_t slot)
 {
     if (slot < firstSlot || slot >= File.SlotCount)
         return true;
-    TakeUpRecord();
     return File.SetRFlag(FlagAction::Set, slot) && AfterFlagChange();
 }
 
@@ -287,7 +276,6 @@ bool RecordReview::DeleteFlag(std::size_t beat)
 {
     if (beat >= File.RFlagList.size() || File.RFlagList[beat] == 0)
         return true;
-    TakeUpRecord();
     return File.SetRFlag(FlagAction::Clear, File.RFlagList[beat]) && AfterFlagChange();
 }
 
@@ -302,9 +290,6 @@ bool RecordReview::AfterFlagChange()
 
 bool RecordReview::Save()
 {
-    TakeUpRecord();
-    if (state_.CurrentHeader.ExamTime.Text() != examTime_)
-        return false;
     SaveAnalysis(state_.BlockStart, static_cast<Byte>(View.SelectedBeat), Result, state_.CurrentHeader);
     return File.WriteHeader();
 }

@@ -71,8 +71,7 @@ public:
     bool AddFlag(std::int32_t slot);
     bool DeleteFlag(std::size_t beat);
 
-    // Keeps start of view, beat, rate and lines in the record's header. False: the record could not be changed, or another
-    // examination has the shared header by now.
+    // Keeps start of view, beat, rate and lines in the record's header. False: the record could not be changed.
     bool Save();
 
     ViewScale Scale() const { return ScaleOf(state_.CurrentHeader); }
@@ -92,13 +91,13 @@ public:
     BeatResult Result;
     QtStats Qt{};             // of the QT mode
     SpectrumResult Spectrum;  // of the spectrum mode
-    bool SpectrumIsOfView =
-        false;         // the view had the beats for a spectrum; otherwise `Spectrum` is an earlier one of the
-                       // same layout and leads, or without any its `Length` is 0
-    ReviewState View;  // what needs no samples is changed here at once
+    ReviewState View;         // what needs no samples is changed here at once
+
+    // The view had the beats for a spectrum. Otherwise `Spectrum` is an earlier one of the same layout and leads, or without
+    // any its `Length` is 0.
+    bool SpectrumIsOfView = false;
 
 private:
-    void TakeUpRecord();
     bool ReadView();
     bool ReadBlock();
     void ForgetFlagsBehindView();
@@ -111,8 +110,6 @@ private:
     bool AfterFlagChange();
 
     SharedState& state_;
-    std::string path_;                                   // of the record under review
-    std::string examTime_;                               // of its header
     std::optional<decltype(MeasuredParams::QT)> ownQt_;  // what the QT mode has replaced
 };
 

@@ -83,12 +83,11 @@ void PressKey(Workstation& workstation, const char* key)
 // Leaves the review of a record by its key where one shows.
 bool LeaveReview()
 {
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->objectName() == "frmxECG" && window->isVisible()) {
-            QTest::mouseClick(&Find<QWidget>(*window, "KeyPic_0"), Qt::LeftButton);
-            return true;
-        }
-    return false;
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr || window->objectName() != "frmxECG")
+        return false;
+    QTest::mouseClick(&Find<QWidget>(*window, "KeyPic_0"), Qt::LeftButton);
+    return true;
 }
 
 // Presses a key and waits until the record of a sampling is in review, which is left. False when that never comes.
@@ -107,10 +106,12 @@ bool SampleToTheEnd(Workstation& workstation, const char* key)
 // electrodes, the end of each sampling, which it counts.
 void AnswerExamination(int& ends)
 {
+    if (LeaveReview())
+        ++ends;
     QWidget* window = QApplication::activeModalWidget();
-    if (window == nullptr) {
-        ends += LeaveReview() ? 1 : 0;
-    } else if (window->objectName() == "frmPatInput") {
+    if (window == nullptr)
+        return;
+    if (window->objectName() == "frmPatInput") {
         Type(*window, "Text1_10", "12");
         Type(*window, "Text1_0", "Wang");
         Type(*window, "Text1_15", "7");

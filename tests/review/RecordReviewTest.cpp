@@ -137,23 +137,6 @@ TEST_F(RecordReviewTest, WritesCorrectionsIntoTheRecordAndKeepsTheSelectedPlace)
     EXPECT_FALSE(Review.Save());
 }
 
-TEST_F(RecordReviewTest, StaysWithItsRecordWhenAnotherIsSelectedMeanwhile)
-{
-    Store(FlaggedSilence(5000, {500, 1000, 1500}));
-    StoreAs("other.W", FlaggedSilence(5000, {500}));
-    const std::string own = State.RecordPath;
-    Review.Open();
-    for (const auto& change : std::vector<std::function<bool()>>{
-             [&] { return Review.MoveTo(400); }, [&] { return Review.DeleteFlag(0); }, [&] { return Review.Save(); }}) {
-        State.RecordPath = "other.W";
-        EXPECT_TRUE(change());
-        EXPECT_EQ(State.RecordPath, own);
-    }
-    EXPECT_EQ(StoredSample(500).Words[0], ZeroLevel);
-    State.CurrentHeader.ExamTime.Set("20260310080507");
-    EXPECT_FALSE(Review.Save()) << "the header is that of another examination";
-}
-
 TEST_F(RecordReviewTest, KeepsWhatItShowsWhenTheRecordVanishesOrShrinks)
 {
     Store(FlaggedHeart(60));

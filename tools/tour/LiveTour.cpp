@@ -3,6 +3,7 @@
 #include "box/BoxSimulator.h"
 #include "core/Labels.h"
 #include "tour/PatientTour.h"
+#include "tour/ReviewTour.h"
 #include "tour/StartScene.h"
 
 #include <QAbstractButton>
@@ -174,7 +175,7 @@ void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
     PlayExit(tour, workstation);
 }
 
-void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
+void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program, PrintQueue& queue)
 {
     Workstation workstation(program);
     PlayStart(tour, workstation);
@@ -195,6 +196,7 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
 
     PlayDoubleExamination(tour, workstation, "zh");
     PlayDatabase(tour, workstation, "zh");
+    PlayReview(tour, workstation, queue, "zh");
 
     workstation.State().SysInfo.Language = 2;
     window.ShowTexts();
@@ -209,6 +211,7 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program)
     tour.Picture(window, "english");
     PlayDoubleExamination(tour, workstation, "en");
     PlayDatabase(tour, workstation, "en");
+    PlayReview(tour, workstation, queue, "en");
     PlayMessage(tour, workstation, "en");
     PlaySettings(tour, window, "en");
     PlayExit(tour, workstation);

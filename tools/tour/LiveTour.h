@@ -1,6 +1,7 @@
 // The scenes of the live ECG.
 #pragma once
 
+#include "printing/PrintQueue.h"
 #include "tour/TourDriver.h"
 
 #include <filesystem>
@@ -11,7 +12,7 @@ namespace ecg {
 // back, the box unplugged and back, both lead systems, the settings, exit. `program` is a program folder to work in.
 void TourWithBox(TourDriver& tour, const std::filesystem::path& program);
 
-// A workstation without a box: the demonstration, the same windows in English, exit.
-void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program);
+// A workstation without a box: the demonstration, patients, records in review and on paper, the same windows in English, exit.
+void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program, PrintQueue& queue);
 
 }  // namespace ecg

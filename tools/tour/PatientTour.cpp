@@ -1,5 +1,7 @@
 #include "tour/PatientTour.h"
 
+#include "core/PatientNumber.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -13,22 +15,6 @@ namespace {
 
 constexpr int examinationMs = 15000;  // ten seconds of sampling, with some grace
 constexpr std::uintmax_t tenSecondsBytes = 4784 + 5000 * 16;
-
-void ClickRow(TourDriver& tour, QWidget& window, const char* grid, int row)
-{
-    auto& view = tour.Find<QTableView>(window, grid);
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
-}
-
-// Whoever was examined: not every patient has a record.
-int RowWithRecords(const QAbstractItemModel& patients)
-{
-    const int records = patients.columnCount() - 1;
-    int row = 0;
-    while (row + 1 < patients.rowCount() && patients.index(row, records).data().toInt() == 0)
-        ++row;
-    return row;
-}
 
 void Trigger(TourDriver& tour, QWidget& window, const char* menu)
 {
@@ -128,29 +114,6 @@ void PlaySearch(TourDriver& tour, QWidget& database, const QString& language)
     });
 }
 
-// The record that is selected in the database, in review: its modes, and a page of it as a file.
-void PlayReview(TourDriver& tour, QWidget& database, const QString& language)
-{
-    tour.Click(database, "FunKey_5");
-    tour.Wait(300);
-    QWidget& review = tour.Window("frmxECG");
-    tour.Picture(review, "review-ecg-" + language);
-    for (const auto& [key, mode] :
-         {std::pair("Command1_2", "qt"), std::pair("Command1_3", "variability"), std::pair("Command1_4", "pacing")}) {
-        tour.Click(review, key);
-        tour.Wait(200);
-        tour.Picture(review, QString("review-%1-%2").arg(mode, language));
-    }
-    tour.InWindow(
-        "frmRate", [&] { tour.Click(review, "Command2_4"); },
-        [&](QWidget& trend) {
-            tour.Picture(trend, "trend-" + language);
-            tour.Click(trend, "Command1_0");
-        });
-    tour.Click(review, "KeyPic_0");
-    tour.Check(!review.isVisible(), "the review closes");
-}
-
 }  // namespace
 
 void PlayDoubleExamination(TourDriver& tour, Workstation& workstation, const QString& language)
@@ -181,8 +144,8 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     QWidget& database = tour.Window("frmPat");
     const auto& rows = *tour.Find<QTableView>(database, "PatientTab").model();
     const int before = rows.rowCount();
+    const auto examined = QString::fromStdString(PatientFolderName(workstation.State().CurrentPatient.No.Text()));
     tour.Picture(database, "database-" + language);
-    PlayReview(tour, database, language);
 
     tour.InWindow(
         "frmPatInput", [&] { tour.Click(database, "FunKey_0"); },
@@ -203,7 +166,8 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     PlaySearch(tour, database, language);
     tour.Check(rows.rowCount() == before + 1, "without a condition all patients are listed");
 
-    ClickRow(tour, database, "PatientTab", RowWithRecords(rows));
+    tour.Wait(200);
+    tour.ClickRow(database, "PatientTab", tour.RowOf(database, "PatientTab", examined));
     tour.InWindow(
         "frmChangeClass", [&] { Trigger(tour, database, "Menu2_2"); },
         [&](QWidget& window) {
@@ -213,7 +177,7 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     tour.Click(database, "Command1_1");
     tour.Click(database, "Command1_1");
     tour.Picture(database, "sorted-" + language);
-    ClickRow(tour, database, "PatientTab", rows.rowCount() - 1);
+    tour.ClickRow(database, "PatientTab", tour.RowOf(database, "PatientTab", "张小明"));
     tour.Agree([&] { tour.Click(database, "FunKey_2"); }, "delete-" + language);
     tour.Check(rows.rowCount() == before, "a patient was deleted");
     tour.Click(database, "KeyPic_0");

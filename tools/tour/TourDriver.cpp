@@ -1,10 +1,14 @@
 #include "tour/TourDriver.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPixmap>
+#include <QPointer>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 
@@ -17,6 +21,7 @@ namespace {
 
 constexpr int pollMs = 20;
 constexpr int settleMs = 150;  // for a window to paint
+constexpr int menuMs = 5000;   // until a menu that lacks an entry is given up
 
 void Print(const char* kind, const QString& text)
 {
@@ -29,6 +34,15 @@ QWidget* FindShown(const QString& name)
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->objectName() == name && window->isVisible())
             return window;
+    return nullptr;
+}
+
+// What a step of a path names: an entry, or the submenu that it opens.
+QAction* EntryOf(const QMenu& menu, const QString& name)
+{
+    for (QAction* entry : menu.actions())
+        if (entry->objectName() == name || (entry->menu() != nullptr && entry->menu()->objectName() == name))
+            return entry;
     return nullptr;
 }
 
@@ -66,6 +80,50 @@ void TourDriver::Type(const QWidget& window, const QString& line, const QString&
         QTest::sendKeyEvent(QTest::Click, &box, Qt::Key_unknown, QString(letter), Qt::NoModifier);
 }
 
+void TourDriver::ClickRow(const QWidget& window, const QString& grid, int row)
+{
+    auto& view = Find<QTableView>(window, grid);
+    const QModelIndex cell = view.model()->index(row, 0);
+    if (!cell.isValid())
+        Fail("no row " + QString::number(row) + " in " + grid);
+    view.scrollTo(cell);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(cell).center());
+}
+
+int TourDriver::RowOf(const QWidget& window, const QString& grid, const QString& text)
+{
+    const auto& rows = *Find<QTableView>(window, grid).model();
+    for (int row = 0; row < rows.rowCount(); ++row)
+        for (int column = 0; column < rows.columnCount(); ++column)
+            if (rows.index(row, column).data().toString() == text)
+                return row;
+    return -1;
+}
+
+void TourDriver::Choose(const std::function<void()>& open, const QStringList& path, const QString& picture)
+{
+    qsizetype step = 0;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QAction* entry = menu != nullptr && step < path.size() ? EntryOf(*menu, path[step]) : nullptr;
+        if (entry == nullptr)
+            return;
+        ++step;
+        if (step == path.size() && !picture.isEmpty())
+            Picture(*menu, picture);
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
+    });
+    poll.start(pollMs);
+    QTimer::singleShot(menuMs, &poll, [&] {
+        QWidget* menu = QApplication::activePopupWidget();
+        if (step < path.size() && menu != nullptr)
+            menu->close();
+    });
+    open();
+    Check(WaitUntil([&] { return step == path.size(); }, menuMs), "menu entry " + path.join(" > "));
+}
+
 QWidget& TourDriver::Window(const QString& name)
 {
     if (QWidget* window = FindShown(name))
@@ -89,11 +147,12 @@ void TourDriver::InWindow(const QString& window, const std::function<void()>& op
                           const std::function<void(QWidget&)>& scene)
 {
     bool played = false;
+    const QPointer<QWidget> before = FindShown(window);
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
         QWidget* shown = FindShown(window);
         const QWidget* modal = QApplication::activeModalWidget();
-        if (played || shown == nullptr || (modal != nullptr && modal != shown))
+        if (played || shown == nullptr || shown == before || (modal != nullptr && modal != shown))
             return;
         played = true;
         Wait(settleMs);
@@ -106,17 +165,31 @@ void TourDriver::InWindow(const QString& window, const std::function<void()>& op
 
 void TourDriver::Agree(const std::function<void()>& open, const QString& picture)
 {
+    Answer(open, picture, "Accept");
+}
+
+void TourDriver::Decline(const std::function<void()>& open, const QString& picture)
+{
+    Answer(open, picture, "Reject");
+}
+
+void TourDriver::Answer(const std::function<void()>& open, const QString& picture, const char* button)
+{
     InWindow("MessageBox", open, [&](QWidget& box) {
         Picture(box, picture);
-        Click(box, "Accept");
+        Click(box, button);
     });
 }
 
 void TourDriver::Picture(QWidget& window, const QString& name)
 {
-    const QString file = QString("%1-%2.png").arg(++pictures_, 2, 10, QChar('0')).arg(name);
-    const bool saved = window.grab().save(QString::fromStdString((folder_ / file.toStdString()).string()));
-    if (saved)
+    Picture(window.grab().toImage(), name);
+}
+
+void TourDriver::Picture(const QImage& image, const QString& name)
+{
+    const QString file = QString("%1-%2.png").arg(++pictures_, 3, 10, QChar('0')).arg(name);
+    if (image.save(QString::fromStdString((folder_ / file.toStdString()).string())))
         Print("picture", file);
     else
         Check(false, "picture " + file + " saved");

@@ -1,7 +1,9 @@
 // Drives the windows as a user would, and takes their pictures: what the scenes of the tour are written with.
 #pragma once
 
+#include <QImage>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <filesystem>
@@ -11,7 +13,7 @@ namespace ecg {
 
 class TourDriver {
 public:
-    // Pictures go to `folder` as 01-name.png, 02-name.png and so on.
+    // Pictures go to `folder` as 001-name.png, 002-name.png and so on.
     explicit TourDriver(std::filesystem::path folder);
 
     // Lets the program run for so long.
@@ -38,16 +40,31 @@ public:
     // Picks entry `index` of a selector with the keyboard.
     void Select(const QWidget& window, const QString& selector, int index);
 
+    // Clicks on row `row` of a grid.
+    void ClickRow(const QWidget& window, const QString& grid, int row);
+
+    // The first row of a grid that holds `text` in one of its cells, or -1.
+    int RowOf(const QWidget& window, const QString& grid, const QString& text);
+
+    // Opens a pop-up menu and clicks the entries of `path` one after the other, the names of submenus or of what the last
+    // menu offers. With `picture` the last menu is pictured.
+    void Choose(const std::function<void()>& open, const QStringList& path, const QString& picture = {});
+
     // The window of that name that shows; ends the tour when there is none.
     QWidget& Window(const QString& name);
 
-    // Runs `scene` on the window of that name as soon as it has opened; `open` may return only when it has closed again.
+    // Runs `scene` on the window of that name as soon as it has opened; one that shows already does not count. `open` may
+    // return only when it has closed again.
     void InWindow(const QString& window, const std::function<void()>& open, const std::function<void(QWidget&)>& scene);
 
     // The same for a question of the message box, which is answered with OK after its picture was taken.
     void Agree(const std::function<void()>& open, const QString& picture);
 
+    // The same, answered with the other button.
+    void Decline(const std::function<void()>& open, const QString& picture);
+
     void Picture(QWidget& window, const QString& name);
+    void Picture(const QImage& image, const QString& name);
 
     // Notes whether something holds; the tour goes on either way.
     void Check(bool holds, const QString& what);
@@ -55,6 +72,7 @@ public:
     int FailureCount() const { return failures_; }
 
 private:
+    void Answer(const std::function<void()>& open, const QString& picture, const char* button);
     [[noreturn]] void Fail(const QString& why);
 
     std::filesystem::path folder_;

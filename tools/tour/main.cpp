@@ -5,6 +5,7 @@
 #include "platform/qt/Style.h"
 #include "tour/FaultTour.h"
 #include "tour/LiveTour.h"
+#include "tour/ReviewTour.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -22,7 +23,7 @@ bool MakeProgramFolder(const std::filesystem::path& folder)
     std::error_code error;
     std::filesystem::create_directories(folder / "Data", error);
     std::filesystem::create_directory_symlink(own / "pictures", folder / "pictures", error);
-    return !error && ecg::WriteDemoFiles(folder / "Data").empty();
+    return !error && ecg::WriteDemoFiles(folder / "Data").empty() && ecg::ImportRecordings(folder / "Data");
 }
 
 constexpr int shortestFaultTour = 2;
@@ -55,12 +56,15 @@ int main(int argc, char* argv[])
         std::fprintf(stderr, "ecg-tour: cannot make a program folder in %s\n", qPrintable(folder.path()));
         return 1;
     }
+    static ecg::PrintQueue queue;  // ends with the process, however the tour ends
+    if (!queue.IsOk())
+        std::printf("skipped printed pages: %s\n", queue.Reason().c_str());
     ecg::TourDriver tour(pictures);
     if (faultMinutes > 0) {
         ecg::TourWithFaults(tour, program, faultMinutes);
     } else {
         ecg::TourWithBox(tour, program);
-        ecg::TourWithoutBox(tour, program);
+        ecg::TourWithoutBox(tour, program, queue);
     }
     std::printf("%d failure(s)\n", tour.FailureCount());
     return tour.FailureCount() == 0 ? 0 : 1;

@@ -20,6 +20,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace ecg {
@@ -64,6 +65,8 @@ frmxECG::frmxECG(SharedState& state, RecordReview& review, WindowOpener& windows
 {
     setObjectName("frmxECG");
     setWindowTitle(reviewtexts::WindowTitle.In(state_.SysInfo));
+    // Patient and record are shared: nothing may choose others, nor begin an examination, while these are in review.
+    setWindowModality(Qt::ApplicationModal);
     MakeMenus();
     LayOut();
     ConnectView();
@@ -98,20 +101,11 @@ void frmxECG::Exit()
     close();
 }
 
-void frmxECG::Leave()
-{
-    picking_ = false;
-    close();
-}
-
 // Left otherwise than by its key the window keeps no analysis: what is under review stands as it was saved last.
 void frmxECG::closeEvent(QCloseEvent* event)
 {
-    if (picking_) {
-        event->ignore();
-        return;
-    }
     event->accept();
+    picking_ = false;
     state_.WilsonSamples = 0;  // with the review the Wilson half of an examination is over
     GiveFrontTo(parentWidget());
 }
@@ -148,31 +142,25 @@ bool frmxECG::ChooseComparison()
 }
 
 // The database window chooses. It is made anew for picking; when the record in review came from it, it stands there again
-// afterwards, which chooses patient and record anew: those under review are put back. Events go on meanwhile, but this
-// window takes none.
+// afterwards, which chooses patient and record anew: those under review are put back. Events go on meanwhile.
 bool frmxECG::PickRecord()
 {
-    const std::string recordPath = state_.RecordPath;
-    const PatientRecord patient = state_.CurrentPatient;
+    const auto inReview = std::tuple(state_.RecordPath, state_.CurrentRecordFile, state_.CurrentPatient);
     windows_.Close(WindowName::frmPat);
     state_.ComparePath.clear();
     state_.PatWindowMode = pickingMode;
     picking_ = true;
-    setEnabled(false);
     const bool shown = windows_.Show(WindowName::frmPat);
     while (shown && picking_ && state_.ComparePath.empty())
         windows_.PumpMessages();
-    setEnabled(true);
     state_.PatWindowMode = 0;
     if (!std::exchange(picking_, false))
         return false;
     if (state_.RecordOpenMode == 0)
         windows_.Show(WindowName::frmPat);
-    state_.RecordPath = recordPath;
-    state_.CurrentPatient = patient;
+    std::tie(state_.RecordPath, state_.CurrentRecordFile, state_.CurrentPatient) = inReview;
     raise();
     activateWindow();
-    HScroll1_->setFocus();  // a window that is disabled has lost it
     return shown && state_.ComparePath != noComparison;
 }
 

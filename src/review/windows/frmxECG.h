@@ -61,10 +61,6 @@ public:
     // is not to be shown.
     bool Open();
 
-    // Closes the window whatever goes on in it. It may still be at work when this returns, so it must live on until events
-    // have run.
-    void Leave();
-
     // What this window offers but others do; a key without its routine is disabled. Set before `Open`.
     std::function<void()> OnPrint;
     std::function<void()> OnPost;
