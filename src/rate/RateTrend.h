@@ -62,8 +62,8 @@ public:
     int CursorLeft() const { return cursorLeft_; }
     int CursorColumn() const { return cursorLeft_ + CursorTip; }
 
-    // The slot and the rate of the beat at the cursor; nothing when the cursor's column lies beyond the number of points
-    // shown. An empty column in front of a point takes one from the reach of the cursor.
+    // The slot and the rate of the beat at the cursor; nothing when the cursor's column lies beyond the number of
+    // points shown. An empty column in front of a point takes one from the reach of the cursor.
     std::optional<std::int32_t> CursorSlot() const;
     std::optional<Byte> CursorRate() const;
 

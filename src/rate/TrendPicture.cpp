@@ -108,7 +108,7 @@ double MarkerTop(int rate)
     return boxBottom - MarkerZero - Rise(rate);
 }
 
-// The highest rate is written above its line, the lowest one below, both inside the picture and never one over the other.
+// The highest rate is written above its line, the lowest one below; both stay inside the picture and apart.
 void DrawCaptions(Surface& picture, const RateView& view, bool chinese)
 {
     constexpr Twin highest{"最大", "Max"};

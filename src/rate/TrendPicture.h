@@ -31,12 +31,12 @@ void DrawTrend(Surface& picture, const RateView& view);
 // A thin line at `column` (1 is the first), for the bars to cover.
 void DrawCursor(Surface& picture, int column);
 
-// y of the line that marks a rate in `Picture3`, whose zero lies `MarkerZero` pixels below the top of the curve's picture.
+// y of the line that marks a rate in `Picture3`. Its zero lies `MarkerZero` pixels below the top of `Picture2`.
 inline constexpr int MarkerZero = 11;
 double MarkerTop(int rate);
 
-// `Picture3`: the lines that mark the highest and the lowest rate in view, with their captions, and the name of the lower
-// axis. A view without a point has no marks.
+// `Picture3`: the lines that mark the highest and the lowest rate in view, with their captions, and the name of the
+// lower axis. A view without a point has no marks.
 void DrawCaptions(Surface& picture, const RateView& view, bool chinese);
 
 }  // namespace ecg

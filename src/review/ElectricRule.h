@@ -1,5 +1,5 @@
-// The electric rule: a line is drawn over the traces with the mouse, and its height and length are read as voltage, time and
-// rate.
+// The electric rule: a line is drawn over the traces with the mouse, and its height and length are read as voltage,
+// time and rate.
 #pragma once
 
 #include "platform/Surface.h"

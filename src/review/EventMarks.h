@@ -20,8 +20,8 @@ std::string ExamTimeText(const RecordHeader& header);
 // Fourteen digits of a time in the same form; any other text as it stands, with slashes for its dashes.
 std::string WrittenTime(std::string_view digits);
 
-// Draws the marks at the top of the first band in which each event lies. A mark that would stand on another's words stands
-// below them. Returns the places that they take.
+// Draws the marks at the top of the first band in which each event lies. A mark that would stand on another's words
+// stands below them. Returns the places that they take.
 std::vector<Rect> DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header,
                                  std::int32_t blockStart, double speed, bool chinese, const PageLook& look);
 

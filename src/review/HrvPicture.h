@@ -6,8 +6,8 @@
 
 namespace ecg {
 
-// Draws what `ReadRRSeries` left in `block` over the trace area. Without an interval there are only empty axes. Every axis but
-// the rate's takes in all the data.
+// Draws what `ReadRRSeries` left in `block` over the trace area. Without an interval there are only empty axes. Every
+// axis but the rate's takes in all the data.
 void DrawHrvPlots(Surface& page, const LeadBlock& block, bool chinese, const PageLook& look);
 
 }  // namespace ecg

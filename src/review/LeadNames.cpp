@@ -55,7 +55,7 @@ double LevelOf(std::span<const Point> trace, double left, double right, double o
     return *middle;
 }
 
-// The free place of `height` mm that is nearest to `wanted`, its upper edge: there or close above or below what is taken.
+// The upper edge of the free place of `height` mm nearest to `wanted`: there, or close above or below what is taken.
 std::optional<double> NearestFree(const std::vector<Range>& taken, double height, double wanted)
 {
     std::vector<double> places{wanted};

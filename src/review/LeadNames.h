@@ -14,9 +14,9 @@
 
 namespace ecg {
 
-// Draws the name of every strip of `layout`, `traces[i]` being the points of strip i. `taken` are places with other words.
-// With `calibrationMark` a band that begins with the view has its name behind the mark, or else below its foot. Where all is
-// full of traces a name lies under them: traces are drawn afterwards.
+// Draws the name of every strip of `layout`, `traces[i]` being the points of strip i. `taken` are places with other
+// words. With `calibrationMark` a band that begins with the view has its name behind the mark, or else below its foot.
+// Where all is full of traces a name lies under them: traces are drawn afterwards.
 void DrawLeadNames(Surface& page, const StripLayout& layout, std::span<const std::vector<Point>> traces,
                    std::vector<Rect> taken, bool calibrationMark, const PageLook& look);
 

@@ -23,12 +23,12 @@ std::vector<PanelRow> MeasurementRows(const BeatResult& result, std::size_t anal
 // What stands before the rows: the lead and the name of its complex.
 std::string ComplexHeading(const BeatResult& result, std::size_t analysisLead);
 
-// A line "label : value" as a row without a unit: the label ends in its colon, wide or not, and has no padding before it. A
-// line without a colon is all label.
+// A line "label : value" as a row without a unit: the label ends in its colon, wide or not, and has no padding before
+// it. A line without a colon is all label.
 PanelRow SplitLine(const std::string& line);
 
-// Draws rows from the top of `area` down, `rowHeight` apart: labels to the left, values to the right of them against one
-// edge, then units.
+// Draws rows from the top of `area` down, `rowHeight` apart: labels to the left, values to the right of them against
+// one edge, then units.
 void DrawPanelRows(Surface& surface, const Rect& area, double rowHeight, const std::vector<PanelRow>& rows,
                    const TextStyle& style);
 

@@ -77,7 +77,7 @@ void Plot::DrawAxes(const std::string& title) const
     page_.Text({area_.X + tickLength, area_.Y - bold.Height}, title, bold);
 }
 
-// The last number below, with its unit, does not reach far beyond the axis: another plot may stand there, or the page end.
+// The last number below, with its unit, stays close to the axis: another plot may stand beside it, or the page end.
 void Plot::DrawNumbers() const
 {
     const TextStyle style{look_.TextHeight, look_.Ink};

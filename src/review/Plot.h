@@ -17,7 +17,7 @@ struct Axis {
     std::string Unit;  // behind the last number, or above the upright axis
 };
 
-// An axis over all values from `low` to `high`, ending on round ticks, some five of them. Equal ends are spread a little.
+// An axis over all values from `low` to `high` with some five round ticks, one at each end. Equal ends are spread.
 Axis RoundAxis(double low, double high, const std::string& unit);
 
 class Plot {

@@ -13,7 +13,7 @@ namespace {
 
 constexpr auto firstSlot = static_cast<std::int32_t>(FirstSampleSlot);
 
-// A beat at the right edge has its T wave behind the view. It is read with it, so that the measurement does not end there.
+// Read behind the view, where a beat at its right edge has its T wave.
 constexpr std::int32_t beatReach = 1000;  // samples
 
 // The last slot of a file is never read, so a record begins to have samples with slot 301.
@@ -145,8 +145,8 @@ void RecordReview::ComputeStatistics()
     }
 }
 
-// Dispersion measures QT from one place for all leads; in the other modes each lead has its own again. It is kept and not
-// measured anew: the beat may lie outside the view by then.
+// Dispersion measures QT from one place for all leads; in the other modes each lead has its own again. It is kept and
+// not measured anew: the beat may lie outside the view by then.
 void RecordReview::RestoreQt()
 {
     if (ownQt_)

@@ -5,8 +5,8 @@
 // One object for the whole process: its samples and its result are what the windows opened from a review work on. The
 // record is `RecordPath` of the shared state, its header `CurrentHeader`, the first slot in view `BlockStart`.
 //
-// The record may vanish or lose its end while it is shown. Every change of the view looks; one that cannot be read is not
-// made, and what is in memory stays, so that a flat line is never shown in place of a lost signal.
+// The record may vanish or lose its end while it is shown. Every change of the view looks; one that cannot be read is
+// not made, and what is in memory stays, so that a flat line is never shown in place of a lost signal.
 //
 // A view of the spectrum or variability mode has its statistics where the others have samples (`EcgBlock`).
 #pragma once
@@ -36,7 +36,8 @@ public:
         Unreadable  // there is no such file
     };
 
-    // Begins the review of the record: header, view state, and the beat of the saved analysis or the second one in view.
+    // Begins the review of the record: header, view state, and the beat of the saved analysis or the second one in
+    // view.
     Opening Open();
 
     // What changes the view and needs samples. False: the record could not be read, and nothing has changed.
@@ -55,19 +56,20 @@ public:
     // Selects a long lead. False when the form shows both and the other one is the same: nothing has changed.
     bool ChooseLongLead(std::size_t which, std::size_t lead);
 
-    // Brings two equal long leads back to II and V5, for the form that needs two different ones. True when they were equal.
+    // Brings two equal long leads back to II and V5, for the form that needs two different ones. True when they were
+    // equal.
     bool SeparateLongLeads();
 
     // Takes up `ComparePath` for the contrast form. False when it is no record with samples: the one before stays.
     bool OpenComparison();
 
-    // Centres the analysis on flag `beat` of the view and measures it. A place without a flag changes nothing. False: the
-    // record could not be read.
+    // Centres the analysis on flag `beat` of the view and measures it. A place without a flag changes nothing. False:
+    // the record could not be read.
     bool SelectBeat(std::size_t beat);
 
-    // Sets a flag at a slot, or takes one from the view, in the record itself. The selected place stays the same number, and
-    // so may name another beat afterwards; it is measured anew. False: the record could not be changed. A slot outside the
-    // record changes nothing.
+    // Sets a flag at a slot, or takes one from the view, in the record itself. The selected place stays the same
+    // number, and so may name another beat afterwards; it is measured anew. False: the record could not be changed. A
+    // slot outside the record changes nothing.
     bool AddFlag(std::int32_t slot);
     bool DeleteFlag(std::size_t beat);
 
@@ -93,8 +95,8 @@ public:
     SpectrumResult Spectrum;  // of the spectrum mode
     ReviewState View;         // what needs no samples is changed here at once
 
-    // The view had the beats for a spectrum. Otherwise `Spectrum` is an earlier one of the same layout and leads, or without
-    // any its `Length` is 0.
+    // The view had the beats for a spectrum. Otherwise `Spectrum` is an earlier one of the same layout and leads, or
+    // without any its `Length` is 0.
     bool SpectrumIsOfView = false;
 
 private:

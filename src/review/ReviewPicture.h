@@ -1,5 +1,5 @@
-// The picture of a review: paper, grid and edge behind, traces and marks in front. In millimetres of the page, on the screen
-// and in print alike.
+// The picture of a review: paper, grid and edge behind, traces and marks in front. In millimetres of the page, on the
+// screen and in print alike.
 #pragma once
 
 #include "review/PageLook.h"
@@ -19,7 +19,8 @@ double TraceWidth(const RecordReview& review, double longestLine);
 // What stands behind: the grid that the mode wants, and the edge of the area. The page must be blank paper.
 void DrawBack(Surface& page, const RecordReview& review, double longestLine, const PageLook& look);
 
-// What stands in front, by mode: traces with their names, the lines of the measured beat and events, or the mode's plots.
+// What stands in front, by mode: traces with their names, the lines of the measured beat and events, or the mode's
+// plots.
 void DrawContent(Surface& page, const RecordReview& review, double longestLine, const PageLook& look);
 
 // The same over the bottom line of the screen.

@@ -54,8 +54,8 @@ std::int32_t SamplesInView(double width, double speed);
 // The scroll bar runs from 0 to this over a whole record.
 inline constexpr int ScrollRange = 32767;
 
-// The first slot of the view for a place of the scroll bar: the last place shows the last full view. A record shorter than
-// a view always shows from its beginning.
+// The first slot of the view for a place of the scroll bar: the last place shows the last full view. A record shorter
+// than a view always shows from its beginning.
 std::int32_t StartOfScroll(int value, std::int32_t slotCount, std::int32_t samplesInView);
 
 // The place of the scroll bar for a view that was moved otherwise, or -1 when there is none: the bar then stays. It

@@ -1,4 +1,4 @@
-// The panel beside the traces on the screen: whose record it is, and the measured values, or whose record it is compared with.
+// The panel beside the traces on the screen: whose record it is, and what is measured of it or compared with it.
 #pragma once
 
 #include "platform/Surface.h"

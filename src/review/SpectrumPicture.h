@@ -15,7 +15,8 @@ void DrawDoubleLeadGrid(Surface& page, const PageLook& look);
 void DrawDoubleLead(Surface& page, const SpectrumResult& result, bool chinese, const PageLook& look);
 void DrawTwelveSpectra(Surface& page, const SpectrumResult& result, const PageLook& look);
 
-// Writes the marks under their headings, input lead, output lead, transfer function, from `at` down. Returns the height.
+// Writes the marks of input lead, output lead and transfer function under their headings, from `at` down. Returns
+// the height that they take, in units of `surface`.
 double DrawSpectrumMarks(Surface& surface, Point at, const SpectrumResult& result, const TextStyle& style);
 
 }  // namespace ecg

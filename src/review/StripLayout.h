@@ -48,8 +48,9 @@ struct ViewSamples {
     std::span<const std::int16_t> Of(std::size_t lead) const { return Leads.Row(lead).first(Count); }
 };
 
-// Lays out the traces of the mode and form of `state`. A long lead that is longer than `longestLine` mm goes on in further
-// lines. Hidden leads take no room, but a long lead is shown as it was chosen. `comparison` is used in contrast only.
+// Lays out the traces of the mode and form of `state`. A long lead that is longer than `longestLine` mm goes on in
+// further lines. Hidden leads take no room, but a long lead is shown as it was chosen. `comparison` is for the contrast
+// form.
 StripLayout LayOutStrips(const ReviewState& state, const ViewScale& scale, double longestLine, const ViewSamples& view,
                          const ViewSamples& comparison);
 

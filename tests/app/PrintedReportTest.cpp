@@ -1,4 +1,4 @@
-// The report of a record under review, from the window's key through the machine's printing system to the finished page.
+// The report of a record in review, from the window's key through the machine's printing system to the paper.
 #include "app/ReviewDesk.h"
 #include "platform/qt/QtPrinter.h"
 #include "printing/PdfPage.h"

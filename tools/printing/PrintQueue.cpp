@@ -60,7 +60,7 @@ DefaultAuthType None
 </Policy>
 )";
 
-// What the backend calls with each finished file, as a user without rights. A file appears under its name when it is whole.
+// What the backend calls with each finished file, as a user without rights. A file gets its name when it is whole.
 constexpr const char* delivery = R"(#!/bin/sh
 job=${1##*/job_}
 mv "$1" @/printed/part && mv @/printed/part "@/printed/${job%%-*}.pdf"
@@ -148,7 +148,7 @@ void PrintQueue::WriteConfiguration() const
     WriteHere("cupsd.conf", schedulerConfiguration);
     WriteHere("deliver", delivery);
     Allow(File("deliver"), 0755);
-    // Documents pass through a folder of the backend that all queues of the machine share: job numbers are unique there.
+    // Documents pass through a folder that all queues of the machine share: job numbers must be unique there.
     WriteHere("cache/job.cache", "NextJobId " + std::to_string(firstJob_) + "\n");
 }
 

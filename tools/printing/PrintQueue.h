@@ -2,11 +2,11 @@
 //
 //   program ─► libcups ─► cupsd of its own ─► filters ─► backend cups-pdf ─► deliver ─► <folder>/printed/<job>.pdf
 //
-// The scheduler has its configuration, spool, logs and socket in a temporary folder, so that the machine's own printing is
-// never touched, and any number of queues can run side by side. It ends with this process, however that ends.
+// The scheduler has its configuration, spool, logs and socket in a temporary folder, so that the machine's own printing
+// is never touched, and any number of queues can run side by side. It ends with this process, however that ends.
 //
-// The environment of this process is led to the queue, as its default printer. That must be done before the process asks
-// for printers for the first time, and stays so.
+// The environment of this process is led to the queue, as its default printer. That must be done before the process
+// asks for printers for the first time, and stays so.
 #pragma once
 
 #include <QProcess>
@@ -25,8 +25,8 @@ struct PrintedDocument {
 
 class PrintQueue {
 public:
-    // Why there cannot be such a queue here: packages are missing, or the user is not root, as the backend demands. Empty
-    // when there can be one.
+    // Why there cannot be such a queue here: packages are missing, or the user is not root, as the backend demands.
+    // Empty when there can be one.
     static std::string WhyNot();
 
     PrintQueue();

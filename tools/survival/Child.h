@@ -31,7 +31,7 @@ public:
     // SIGKILL. Lines that it had written before can still be read.
     void Kill();
 
-    // Lets it go on to its `count`th change of the disk, or until it is about to write its next line, and kills it there.
+    // Lets it go on to its `count`th change of the disk, or until it is about to tell its next line; kills it there.
     void KillAtFileChange(int count);
 
 private:

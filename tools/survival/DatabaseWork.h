@@ -9,8 +9,8 @@
 
 namespace ecg {
 
-// Patients are named by their folders. `begin` is called when all is typed and chosen, right before the click that changes
-// the disk.
+// Patients are named by their folders. `begin` is called when all is typed and chosen, right before the click that
+// changes the disk.
 class DatabaseWork {
 public:
     using Begin = std::function<void()>;

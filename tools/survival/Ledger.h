@@ -1,7 +1,8 @@
 // What the workstation has promised: it hears of every step before and after, and says what must lie on the disk.
 //
 //   given NO NAME                               a patient who was there at first
-//   enter NO NAME AGE HEIGHT WEIGHT   change NO NAME   renumber NO NEW   merge FROM TO   remove NO...   unrecord NO FILE
+//   enter NO NAME AGE HEIGHT WEIGHT   change NO NAME   renumber NO NEW
+//   merge FROM TO   remove NO...   unrecord NO FILE
 //   quick             done with NO: the patient of a quick examination, whose sampling has begun
 //   sampling NO       never done: a record file is being written
 //   finish NO         done with NO FILE FINGERPRINT: the doctor is told that the record is whole

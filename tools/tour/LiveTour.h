@@ -9,10 +9,10 @@
 namespace ecg {
 
 // A workstation with an amplifier box in software: start, every speed and gain, leads, freeze, an electrode off and
-// back, the box unplugged and back, both lead systems, the settings, exit. `program` is a program folder to work in.
+// back, the box unplugged and back, a quick examination, the settings, exit. `program` is a program folder to work in.
 void TourWithBox(TourDriver& tour, const std::filesystem::path& program);
 
-// A workstation without a box: the demonstration, patients, records in review and on paper, the same windows in English, exit.
+// A workstation without a box: the demonstration, patients, records in review and on paper, all in both languages.
 void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program, PrintQueue& queue);
 
 }  // namespace ecg

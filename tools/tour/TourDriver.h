@@ -46,15 +46,15 @@ public:
     // The first row of a grid that holds `text` in one of its cells, or -1.
     int RowOf(const QWidget& window, const QString& grid, const QString& text);
 
-    // Opens a pop-up menu and clicks the entries of `path` one after the other, the names of submenus or of what the last
-    // menu offers. With `picture` the last menu is pictured.
+    // Opens a pop-up menu and clicks the entries of `path` one after the other, the names of submenus or of what the
+    // last menu offers. With `picture` the last menu is pictured.
     void Choose(const std::function<void()>& open, const QStringList& path, const QString& picture = {});
 
     // The window of that name that shows; ends the tour when there is none.
     QWidget& Window(const QString& name);
 
-    // Runs `scene` on the window of that name as soon as it has opened; one that shows already does not count. `open` may
-    // return only when it has closed again.
+    // Runs `scene` on the window of that name as soon as it has opened; one that shows already does not count. `open`
+    // may return only when it has closed again.
     void InWindow(const QString& window, const std::function<void()>& open, const std::function<void(QWidget&)>& scene);
 
     // The same for a question of the message box, which is answered with OK after its picture was taken.

@@ -1,7 +1,7 @@
 // The heart rate of a whole record, beat by beat, with a cursor that reads it, its time and the events near it.
 //
-// The record is the one in review: `AboutFile` reads it, `CurrentHeader` has its start and its events. The window leaves
-// `BlockStart`, when "To Cursor" closes it.
+// The record is the one in review: `AboutFile` reads it, `CurrentHeader` has its start and its events. The window
+// leaves `BlockStart`, when "To Cursor" closes it.
 //
 // Controls:
 //   Picture2, Picture3   the curve; beside it the captions of its axes, with the highest and lowest rate in view

@@ -14,8 +14,8 @@ enum class ReportPrinting {
     Failed     // the printer took no document
 };
 
-// Prints the view of `review` as one page. A report that was printed since the review was opened is printed again only when
-// the user says yes in `frmMsg`. `year` is this year.
+// Prints the view of `review` as one page. A report that was printed since the review was opened is printed again only
+// when the user says yes in `frmMsg`. `year` is this year.
 ReportPrinting PrintReport(Printer& printer, WindowOpener& windows, SharedState& state, RecordReview& review, int year);
 
 // Draws and sends the page, without a question.

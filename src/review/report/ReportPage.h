@@ -26,12 +26,12 @@ inline constexpr double ReportColumn = 220;       // mm; where the right column 
 inline constexpr double ReportColumnText = 222;   // mm; where its lines begin
 inline constexpr double ReportColumnRoom = 56.5;  // mm for a line of it
 
-// Number and time of a report: the fourteen digits of the record's file name, with or without a backslash before its folder.
-// Of another name its first fourteen characters.
+// Number and time of a report: the fourteen digits of the record's file name, with or without a backslash before its
+// folder. Of another name its first fourteen characters.
 std::string ReportNumber(const SharedState& state);
 
-// Draws the whole report on `page`, in millimetres of the printable page. `year` is this year, for the age. A page that has
-// no room for the white edge to the left and above loses that edge, never its scale.
+// Draws the whole report on `page`, in millimetres of the printable page. `year` is this year, for the age. A page that
+// has no room for the white edge to the left and above loses that edge, never its scale.
 void DrawReport(Surface& page, const RecordReview& review, int year);
 
 }  // namespace ecg

@@ -100,8 +100,8 @@ double DrawValues(Surface& page, PaperText& text, const RecordReview& review, in
     return 0;
 }
 
-// All lines have one size, that of the widest. More lines than the column has room for stand closer together, so that the
-// last one stays above the signature.
+// All lines have one size, that of the widest. More lines than the column has room for stand closer together, so that
+// the last one stays above the signature.
 void DrawRemark(Surface& page, PaperText& text, double top, const std::vector<std::string>& lines)
 {
     if (lines.empty())

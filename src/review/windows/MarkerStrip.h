@@ -1,5 +1,5 @@
-// The strip of the R markers, `rrBox`: a marker for each R flag in view. A marker selects its beat or takes the flag away; the
-// right button beside the markers adds one.
+// The strip of the R markers, `rrBox`: a marker for each R flag in view. A marker selects its beat or takes the flag
+// away; the right button beside the markers adds one.
 #pragma once
 
 #include <QPoint>

@@ -100,7 +100,7 @@ void TraceView::PlaceMarkers()
             PlaceOfSlot({.Left = box.X, .Width = box.Width}, slot, review_.State().BlockStart, review_.Scale().Speed);
         places[i] = slot > 0 && x ? static_cast<int>(std::lround(ToPixelX(*x) - left)) : -1;
     }
-    // The measured beat, and not the place of the selected one: after scrolling that names a beat that was not measured.
+    // The measured beat, and not the place of the selected one: after scrolling that names another beat.
     const auto& flags = review_.File.RFlagList;
     const auto measured = review_.File.CenterSlot > 0 ? std::ranges::find(flags, review_.File.CenterSlot) : flags.end();
     rrBox_->Place(places, static_cast<std::size_t>(measured - flags.begin()));

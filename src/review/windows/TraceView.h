@@ -1,5 +1,5 @@
-// The traces of the review window: `PicFore` on the grid `PicBack`, two pictures of one size. The view shows a part of a
-// larger picture and can be moved over it.
+// The traces of the review window: `PicFore` on the grid `PicBack`, two pictures of one size. The view shows a part of
+// a larger picture and can be moved over it.
 #pragma once
 
 #include "platform/qt/QtSurface.h"

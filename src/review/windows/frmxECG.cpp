@@ -141,8 +141,8 @@ bool frmxECG::ChooseComparison()
     return false;
 }
 
-// The database window chooses. It is made anew for picking; when the record in review came from it, it stands there again
-// afterwards, which chooses patient and record anew: those under review are put back. Events go on meanwhile.
+// The database window chooses. It is made anew for picking; when the record in review came from it, it stands there
+// again afterwards, which chooses patient and record anew: those under review are put back. Events go on meanwhile.
 bool frmxECG::PickRecord()
 {
     const auto inReview = std::tuple(state_.RecordPath, state_.CurrentRecordFile, state_.CurrentPatient);

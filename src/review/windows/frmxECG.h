@@ -1,5 +1,5 @@
-// The review of a Wilson record: the traces, the measured values of a beat beside them, and the tools that change what is
-// shown. Everything that it shows is decided by `RecordReview`.
+// The review of a Wilson record: the traces, the measured values of a beat beside them, and the tools that change what
+// is shown. Everything that it shows is decided by `RecordReview`.
 //
 //   ┌ PicFore on PicBack: traces on their grid ────────────┬ Picture1: ──┬ KeyPic ───┐
 //   │     rrBox with the R markers Label2                   │  patient,   │ Command1  │
@@ -20,8 +20,8 @@
 //   AddR       of rrBox: R_Add; DelR of a marker: R_Del
 //   VScroll1   as HScroll2, downwards
 //
-// Page Up and Page Down move a view, the arrows a second, Home and End to the ends; Ctrl and an arrow select the next beat.
-// They do so wherever the focus is.
+// Page Up and Page Down move a view, the arrows a second, Home and End to the ends; Ctrl and an arrow select the next
+// beat. They do so wherever the focus is.
 #pragma once
 
 #include "core/WindowOpener.h"
@@ -57,8 +57,8 @@ public:
     frmxECG(SharedState& state, RecordReview& review, WindowOpener& windows, MessageBox& messages, Clock& clock,
             const Pictures& pictures, QWidget* parent = nullptr);
 
-    // Begins the review of the record. False when there is none to review, which the user has then been told; the window
-    // is not to be shown.
+    // Begins the review of the record. False when there is none to review, which the user has then been told; the
+    // window is not to be shown.
     bool Open();
 
     // What this window offers but others do; a key without its routine is disabled. Set before `Open`.

@@ -54,8 +54,8 @@ void frmxECG::Step(double mm)
     Moved(review_.MoveTo(std::min(start, std::max(last, state_.BlockStart))));
 }
 
-// The bar stays where it was put: a place told from it is not answered by the place told from the view. Only a view that
-// could not be read takes it back.
+// The bar stays where it was put: a place told from it is not answered by the place told from the view. Only a view
+// that could not be read takes it back.
 void frmxECG::ScrollTo(int value)
 {
     const bool read = review_.ScrollTo(value);

@@ -1,5 +1,5 @@
-// The printed page, recorded: where everything stands, in millimetres worked out by hand. The printable page is that of a
-// printer with margins of 5 mm, so that the frame begins at (3, 1).
+// The printed page, recorded: where everything stands, in millimetres worked out by hand. The printable page is that of
+// a printer with margins of 5 mm, so that the frame begins at (3, 1).
 #include "review/report/ReportPage.h"
 
 #include "review/ReviewFixture.h"
