@@ -82,10 +82,8 @@ void ExaminationControl::Leave()
     writer_.Close();
 }
 
-// A record in review shares the header with the one that is to come, so its window closes first.
 void ExaminationControl::BeginStandard()
 {
-    windows_.Close(WindowName::frmxECG);
     state_.CurrentPatient.No.Set("");
     state_.PatInputMode = entryForExamination;
     windows_.ShowBlocking(WindowName::frmPatInput);
@@ -104,7 +102,6 @@ void ExaminationControl::BeginStandard()
 
 void ExaminationControl::BeginQuick()
 {
-    windows_.Close(WindowName::frmxECG);
     if (!desk_.AddQuickPatient()) {
         messages_.Tell(noQuickPatient.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
         return;
