@@ -112,7 +112,7 @@ void KeyPanel::OpenSettings()
 void KeyPanel::OpenDataBase()
 {
     view_.ShowLamp(Lamp::DataBase, true);
-    state_.PatWindowMode = 0;
+    state_.PatWindowMode = ManagesPatients;
     windows_.Show(WindowName::frmPat);
     monitor_.Display().RewindSweep();
     view_.ShowLamp(Lamp::DataBase, false);
@@ -122,7 +122,7 @@ void KeyPanel::OpenEvents()
 {
     view_.ShowLamp(Lamp::Event, true);
     state_.KeepStreaming = true;
-    state_.EventMode = 0;
+    state_.EventMode = EventsOfSampling;
     windows_.ShowBlocking(WindowName::frmNote);
     monitor_.Display().ResetSweep();
     state_.KeepStreaming = false;

@@ -18,6 +18,13 @@ namespace ecg {
 // Counts of a millivolt in every drawn trace, live and in review: 20 mm of 11.3 counts. Measurement has its own scale.
 inline constexpr float CountsPerMv = 226.0F;
 
+// Values of `PatWindowMode`, of `EventMode` and of `ComparePath`.
+inline constexpr int ManagesPatients = 0;
+inline constexpr int PicksComparison = 2;
+inline constexpr int EventsOfSampling = 0;
+inline constexpr int EventsOfWilsonReview = 6;  // those of a Frank review are 7
+inline constexpr const char* NoComparison = "Cancel";
+
 enum class ExamState : Byte { Waiting = 0, Ready = 1, Sampling = 2 };
 
 struct SharedState {
@@ -40,15 +47,15 @@ struct SharedState {
     RecordHeader CurrentHeader;
     RecordHeader WorkHeader;        // of the record whose department and bed are being changed
     std::string RecordPath;         // record in review, from the data folder on, with backslashes
-    std::string ComparePath;        // record chosen for comparison, likewise; "Cancel": none, "": not chosen yet
+    std::string ComparePath;        // record chosen for comparison, likewise; `NoComparison`, "": not chosen yet
     std::string CurrentRecordFile;  // name of the file that is selected in the database window
     Byte RecordOpenMode = 0;        // 1 the record came from acquisition, 0 from the database window
 
     // How the window opened next is to behave.
-    int HelpContext = 0;    // 254 or 255, by opener: which help is asked for; 255 at the start: only load the database
-    int PatInputMode = 0;   // `EntryMode`: 0 adds a patient, 1 modifies the selected one, 2 sets up an examination
-    int PatWindowMode = 0;  // 2 picks a record for comparison; else the database is managed
-    int EventMode = 0;      // 0 during a sampling; else a review, 6 of Wilson and 7 of Frank records
+    int HelpContext = 0;   // 254 or 255, by opener: which help is asked for; 255 at the start: only load the database
+    int PatInputMode = 0;  // `EntryMode`: 0 adds a patient, 1 modifies the selected one, 2 sets up an examination
+    int PatWindowMode = ManagesPatients;  // every value but `PicksComparison` manages the database
+    int EventMode = EventsOfSampling;     // every other value is a review
 
     ecg::EcgForm EcgForm = ecg::EcgForm::Rows12;        // of the last review, for the next one
     ecg::ReviewMode ReviewMode = ecg::ReviewMode::Ecg;  // of the review from which a window is opened

@@ -3,9 +3,6 @@
 namespace ecg {
 namespace {
 
-constexpr int pickingMode = 2;
-constexpr const char* noComparison = "Cancel";
-
 constexpr Twin allPatients{"共有患者 ", "All Patient："};
 constexpr Twin people{" 人， ", " , "};
 constexpr Twin nameless{"当前患者", "Current Patient"};
@@ -15,7 +12,7 @@ constexpr Twin examinations{" 次检查", " Records"};
 }  // namespace
 
 PatientBrowser::PatientBrowser(AboutPat& database)
-    : database_(database), picking_(database.State().PatWindowMode == pickingMode)
+    : database_(database), picking_(database.State().PatWindowMode == PicksComparison)
 {}
 
 std::string PatientBrowser::ChoosePatient(int row)
@@ -60,7 +57,7 @@ void PatientBrowser::Leave() const
     if (!picking_)
         return;
     SharedState& state = database_.State();
-    state.ComparePath = HasComparison() ? comparePath_ : noComparison;
+    state.ComparePath = HasComparison() ? comparePath_ : NoComparison;
     database_.Select(database_.Patients.FindNumber(state.CurrentPatient.No.Text()));
 }
 

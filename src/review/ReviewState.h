@@ -13,11 +13,13 @@
 
 namespace ecg {
 
+inline constexpr int SmallestDisplayScale = 3;  // pixels of the screen for a millimetre
+
 struct ReviewState {
     ReviewMode Mode = ReviewMode::Ecg;
     EcgForm Form = EcgForm::Rows12;
     SpectrumLayout Spectrum = SpectrumLayout::DoubleLead;
-    int DisplayScale = 3;  // pixels of the screen for a millimetre: 3, 4 or 5
+    int DisplayScale = SmallestDisplayScale;  // pixels of the screen for a millimetre: this, 4 or 5
     std::size_t AnalysisLead = lead::II;
     std::array<std::size_t, 2> LongLead{lead::II, lead::V5};
     std::size_t SelectedBeat = 1;  // place in `RFlagList`

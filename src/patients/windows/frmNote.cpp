@@ -29,7 +29,6 @@ constexpr int numberWidth = 64;   // pixels
 constexpr int timeWidth = 160;    // pixels
 constexpr int textWidth = 224;    // pixels: 22 bytes
 constexpr int buttonWidth = 104;  // pixels
-constexpr int samplingMode = 0;   // `EventMode`; every other value is a review
 
 // The help lines are broken where their blanks are when a line is as wide as this, in pixels.
 constexpr std::array<int, 2> helpWidths{152, 154};  // English, Chinese
@@ -242,7 +241,7 @@ QHBoxLayout* frmNote::PromptButtons()
 
 bool frmNote::Sampling() const
 {
-    return state_.EventMode == samplingMode;
+    return state_.EventMode == EventsOfSampling;
 }
 
 int frmNote::CurrentRow() const

@@ -26,11 +26,6 @@
 namespace ecg {
 namespace {
 
-constexpr int pickingMode = 2;   // of `PatWindowMode`: a record is chosen for comparison
-constexpr int reviewEvents = 6;  // of `EventMode`: the events of a record in review
-constexpr const char* noComparison = "Cancel";
-constexpr int smallestDisplayScale = 3;  // pixels a mm
-
 constexpr Twin emptyRecord{"该文件是空文件，建议删除该文件", "This file is empty. It is best deleted."};
 constexpr Twin unreadableRecord{"无法打开该检查记录。文件可能已被删除。",
                                 "This record cannot be opened. Its file may be gone."};
@@ -148,12 +143,12 @@ bool frmxECG::PickRecord()
     const auto inReview = std::tuple(state_.RecordPath, state_.CurrentRecordFile, state_.CurrentPatient);
     windows_.Close(WindowName::frmPat);
     state_.ComparePath.clear();
-    state_.PatWindowMode = pickingMode;
+    state_.PatWindowMode = PicksComparison;
     picking_ = true;
     const bool shown = windows_.Show(WindowName::frmPat);
     while (shown && picking_ && state_.ComparePath.empty())
         windows_.PumpMessages();
-    state_.PatWindowMode = 0;
+    state_.PatWindowMode = ManagesPatients;
     if (!std::exchange(picking_, false))
         return false;
     if (state_.RecordOpenMode == 0)
@@ -161,12 +156,12 @@ bool frmxECG::PickRecord()
     std::tie(state_.RecordPath, state_.CurrentRecordFile, state_.CurrentPatient) = inReview;
     raise();
     activateWindow();
-    return shown && state_.ComparePath != noComparison;
+    return shown && state_.ComparePath != NoComparison;
 }
 
 void frmxECG::SetDisplayScale(std::size_t index)
 {
-    review_.View.DisplayScale = smallestDisplayScale + static_cast<int>(index);
+    review_.View.DisplayScale = SmallestDisplayScale + static_cast<int>(index);
     ShowView();
 }
 
@@ -203,7 +198,7 @@ void frmxECG::SwitchRule(bool on)
 void frmxECG::OpenEvents()
 {
     const std::int32_t before = state_.BlockStart;
-    state_.EventMode = reviewEvents;
+    state_.EventMode = EventsOfWilsonReview;
     OpenWindow(WindowName::frmNote);
     FollowBlockStart(before);
 }

@@ -177,7 +177,7 @@ void frmxECG::CheckMenus()
     Check(FECG_Menu_, view.Spectrum == spectrumLayouts[0] ? 0 : 1);
     for (std::size_t which = 0; which < DFTLead_.size(); ++which)
         Check(DFTLead_[which], review_.Spectrum.DftLeads[which]);
-    Check(DispScale_, static_cast<std::size_t>(view.DisplayScale - 3));
+    Check(DispScale_, static_cast<std::size_t>(view.DisplayScale - SmallestDisplayScale));
     Check(SpdMenu_, speedIndex);
     Check(AmpMenu_, gainIndex);
     Check(Para_Lead_, view.AnalysisLead);
