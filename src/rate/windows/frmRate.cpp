@@ -28,8 +28,8 @@ constexpr int laneZero = FirstColumn - 1;  // x of the arrow's own zero: its tip
 constexpr QSize flagSize(24, 24);
 constexpr int timeWidth = 152;  // pixels: "2026-03-09 08:05:07"
 constexpr int rateWidth = 88;   // pixels: "240 bpm" in large digits
-constexpr int closingMs = 100;
 constexpr int scrollBeats = 25;  // of a step of the scroll bar
+constexpr int closingMs = 100;   // until the window of a record without beats closes
 
 // In the order of `frmRate::Readout`.
 constexpr std::array<Twin, frmRate::ReadoutCount> captions{{{"心搏总数： ", "Heart beat: "},
@@ -60,7 +60,7 @@ frmRate::frmRate(SharedState& state, AboutFile& file, MessageBox& messages, cons
     setObjectName("frmRate");
     setWindowTitle(Twin{"心率趋势窗口", "Heart Rate Wondow"}.In(state_.SysInfo));
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep, 2 * style::GridStep);
+    column->setContentsMargins(style::Margins);
     column->setSpacing(style::GridStep);
     column->setSizeConstraint(QLayout::SetFixedSize);
     column->addWidget(Chart(pictures));
