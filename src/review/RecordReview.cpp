@@ -16,36 +16,48 @@ constexpr auto firstSlot = static_cast<std::int32_t>(FirstSampleSlot);
 // Read behind the view, where a beat at its right edge has its T wave.
 constexpr std::int32_t beatReach = 1000;  // samples
 
-// The last slot of a file is never read, so a record begins to have samples with slot 301.
+// The last slot of a file is never read, so a record has samples from a length of 301 slots on.
 bool HasSamples(std::int32_t slotCount)
 {
     return slotCount > firstSlot;
 }
 
+// Contrast needs another record, which is chosen for the one in review and not for the next.
 EcgForm FormOnOpening(const SharedState& state)
 {
-    // Contrast needs another record, which is chosen for the one in review and not for the next.
     return state.EcgForm == EcgForm::Contrast ? EcgForm::Rows12 : state.EcgForm;
 }
 
-std::size_t Present(std::int32_t slotCount, std::int32_t start, std::size_t wanted)
+// `start`, or the slot of the record that is nearest to it.
+std::int32_t InRecord(std::int32_t start, std::int32_t slotCount)
 {
-    const auto left = std::max<std::int64_t>(std::int64_t{slotCount} - start, 0);
-    return std::min(wanted, static_cast<std::size_t>(left));
+    return std::clamp(start, firstSlot, std::max(slotCount - 1, firstSlot));
 }
 
-// Stays as it is when `change` is not followed by a successful read.
-template <class Value>
-bool Try(Value& value, Value wanted, const std::function<bool()>& read)
+// Where the view of a record begins: where its analysis was saved, or with the record.
+std::int32_t StartOnOpening(const RecordHeader& header, std::int32_t slotCount)
 {
-    const Value before = std::exchange(value, wanted);
-    if (read())
-        return true;
-    value = before;
-    return false;
+    return HasSavedAnalysis(header) ? InRecord(header.SavedStart, slotCount) : firstSlot;
+}
+
+// How many of the `wanted` samples from slot `start` on the record has.
+std::size_t Present(std::int32_t slotCount, std::int32_t start, std::int32_t wanted)
+{
+    return static_cast<std::size_t>(std::clamp<std::int64_t>(std::int64_t{slotCount} - start, 0, wanted));
 }
 
 }  // namespace
+
+// Sets a choice of the view and reads that anew; the choice stays as it was when the record cannot be read.
+template <class Value>
+bool RecordReview::Change(Value& choice, Value wanted)
+{
+    const Value before = std::exchange(choice, wanted);
+    if (ReadView())
+        return true;
+    choice = before;
+    return false;
+}
 
 RecordReview::Opening RecordReview::Open()
 {
@@ -63,12 +75,10 @@ RecordReview::Opening RecordReview::Open()
         return present ? Opening::Empty : Opening::Unreadable;
     }
     View.Form = FormOnOpening(state_);
-    const bool saved = HasSavedAnalysis(state_.CurrentHeader);
-    state_.BlockStart =
-        saved ? std::clamp<std::int32_t>(state_.CurrentHeader.SavedStart, firstSlot, File.SlotCount - 1) : firstSlot;
+    state_.BlockStart = StartOnOpening(state_.CurrentHeader, File.SlotCount);
     if (!ReadView())
         return Opening::Unreadable;
-    if (saved)
+    if (HasSavedAnalysis(state_.CurrentHeader))
         TakeUpSavedAnalysis();
     else
         SelectBeat(View.SelectedBeat);
@@ -156,7 +166,7 @@ void RecordReview::RestoreQt()
 
 bool RecordReview::SetMode(ReviewMode mode)
 {
-    return Try(View.Mode, mode, [this] { return ReadView(); });
+    return Change(View.Mode, mode);
 }
 
 bool RecordReview::SetSpectrum(SpectrumLayout layout)
@@ -188,7 +198,7 @@ bool RecordReview::ChooseSpectrum(SpectrumLayout layout, const std::array<std::s
 
 bool RecordReview::SetForm(EcgForm form)
 {
-    if (!Try(View.Form, form, [this] { return ReadView(); }))
+    if (!Change(View.Form, form))
         return false;
     state_.EcgForm = form;
     return true;
@@ -196,18 +206,17 @@ bool RecordReview::SetForm(EcgForm form)
 
 bool RecordReview::SetGain(std::size_t index)
 {
-    return Try(state_.CurrentHeader.GainIndex, static_cast<Byte>(index), [this] { return ReadView(); });
+    return Change(state_.CurrentHeader.GainIndex, static_cast<Byte>(index));
 }
 
 bool RecordReview::SetSpeed(std::size_t index)
 {
-    return Try(state_.CurrentHeader.SpeedIndex, static_cast<Byte>(index), [this] { return ReadView(); });
+    return Change(state_.CurrentHeader.SpeedIndex, static_cast<Byte>(index));
 }
 
 bool RecordReview::MoveTo(std::int32_t start)
 {
-    return Try(state_.BlockStart, std::clamp(start, firstSlot, std::max(File.SlotCount - 1, firstSlot)),
-               [this] { return ReadView(); });
+    return Change(state_.BlockStart, InRecord(start, File.SlotCount));
 }
 
 bool RecordReview::ChooseLongLead(std::size_t which, std::size_t lead)
@@ -237,55 +246,51 @@ bool RecordReview::OpenComparison()
         File.CompareSlotCount = slotsBefore;
         return false;
     }
-    const bool saved = HasSavedAnalysis(File.CompareHeader);
-    File.CompareStart =
-        saved ? std::clamp<std::int32_t>(File.CompareHeader.SavedStart, firstSlot, File.CompareSlotCount - 1)
-              : firstSlot;
+    File.CompareStart = StartOnOpening(File.CompareHeader, File.CompareSlotCount);
     return true;
 }
 
 bool RecordReview::SelectBeat(std::size_t beat)
 {
-    if (beat >= File.RFlagList.size() || File.RFlagList[beat] == 0)
+    if (!HasFlag(beat))
         return true;
-    if (!ReadBlock())
-        return false;
-    View.SelectedBeat = beat;
-    MeasureSelected();
-    ComputeStatistics();
-    return true;
+    const std::size_t before = std::exchange(View.SelectedBeat, beat);
+    if (MeasureSelected())
+        return true;
+    View.SelectedBeat = before;
+    return false;
 }
 
-// Without a flag in the selected place there is no beat to measure, and the values stay.
-void RecordReview::MeasureSelected()
+bool RecordReview::HasFlag(std::size_t beat) const
 {
+    return beat < File.RFlagList.size() && File.RFlagList[beat] != 0;
+}
+
+// Without a flag in the selected place there is no beat to measure, and the values stay. False: nothing could be read.
+bool RecordReview::MeasureSelected()
+{
+    if (!ReadBlock())
+        return false;
     RestoreQt();
     File.CenterSlot = File.RFlagList[View.SelectedBeat];
     if (File.CenterSlot > 0)
         Delineate(File, LeadSystem::Wilson, Result);
+    ComputeStatistics();
+    return true;
 }
 
 bool RecordReview::AddFlag(std::int32_t slot)
 {
     if (slot < firstSlot || slot >= File.SlotCount)
         return true;
-    return File.SetRFlag(FlagAction::Set, slot) && AfterFlagChange();
+    return File.SetRFlag(FlagAction::Set, slot) && MeasureSelected();
 }
 
 bool RecordReview::DeleteFlag(std::size_t beat)
 {
-    if (beat >= File.RFlagList.size() || File.RFlagList[beat] == 0)
+    if (!HasFlag(beat))
         return true;
-    return File.SetRFlag(FlagAction::Clear, File.RFlagList[beat]) && AfterFlagChange();
-}
-
-bool RecordReview::AfterFlagChange()
-{
-    if (!ReadBlock())
-        return false;
-    MeasureSelected();
-    ComputeStatistics();
-    return true;
+    return File.SetRFlag(FlagAction::Clear, File.RFlagList[beat]) && MeasureSelected();
 }
 
 bool RecordReview::Save()
@@ -296,12 +301,12 @@ bool RecordReview::Save()
 
 std::size_t RecordReview::SamplesPresent() const
 {
-    return Present(File.SlotCount, state_.BlockStart, static_cast<std::size_t>(std::max(SamplesInView(), 0)));
+    return Present(File.SlotCount, state_.BlockStart, SamplesInView());
 }
 
 ViewSamples RecordReview::Comparison() const
 {
-    const auto wanted = std::min<std::size_t>(static_cast<std::size_t>(SamplesInView()), AboutFile::CompareColumns);
+    const auto wanted = std::min(SamplesInView(), static_cast<std::int32_t>(AboutFile::CompareColumns));
     return {File.CompareBlock, Present(File.CompareSlotCount, File.CompareStart, wanted)};
 }
 
