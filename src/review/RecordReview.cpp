@@ -81,9 +81,20 @@ void RecordReview::TakeUpSavedAnalysis()
     File.CenterSlot = File.RFlagList[View.SelectedBeat];
     TakeUpAnalysis(state_.CurrentHeader, Result);
     UnifyLines(LeadSystem::Wilson, Result);
-    // The view may have been moved on before it was saved. Behind what was read there is no signal to measure.
-    if (std::int64_t{Result.Unified[TOff]} < std::int64_t{state_.BlockStart} + SamplesToRead())
+    MeasureWhereItLies();
+}
+
+// The view may have been moved on before it was saved: the block is that of the beat for once, then that of the view again.
+void RecordReview::MeasureWhereItLies()
+{
+    constexpr std::int32_t beforeBeat = beatReach / 2;
+    const std::int64_t start = std::int64_t{Result.Unified[POn]} - beforeBeat;
+    const std::int32_t view = state_.BlockStart;
+    state_.BlockStart = static_cast<std::int32_t>(std::clamp<std::int64_t>(start, firstSlot, File.SlotCount - 1));
+    if (ReadBlock())
         Measure(File, LeadSystem::Wilson, Result);
+    state_.BlockStart = view;
+    ReadBlock();
 }
 
 std::int32_t RecordReview::SamplesToRead() const

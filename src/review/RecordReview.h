@@ -106,6 +106,7 @@ private:
     bool ChooseSpectrum(SpectrumLayout layout, const std::array<std::size_t, 2>& leads);
     std::int32_t SamplesToRead() const;
     void TakeUpSavedAnalysis();
+    void MeasureWhereItLies();
     void MeasureSelected();
     bool AfterFlagChange();
 
