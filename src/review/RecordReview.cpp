@@ -29,9 +29,9 @@ EcgForm FormOnOpening(const SharedState& state)
 }
 
 // `start`, or the slot of the record that is nearest to it.
-std::int32_t InRecord(std::int32_t start, std::int32_t slotCount)
+std::int32_t InRecord(std::int64_t start, std::int32_t slotCount)
 {
-    return std::clamp(start, firstSlot, std::max(slotCount - 1, firstSlot));
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(start, firstSlot, std::max(slotCount - 1, firstSlot)));
 }
 
 // Where the view of a record begins: where its analysis was saved, or with the record.
@@ -91,9 +91,19 @@ void RecordReview::TakeUpSavedAnalysis()
     File.CenterSlot = File.RFlagList[View.SelectedBeat];
     TakeUpAnalysis(state_.CurrentHeader, Result);
     UnifyLines(LeadSystem::Wilson, Result);
-    // The view may have been moved on before it was saved. Behind what was read there is no signal to measure.
-    if (std::int64_t{Result.Unified[TOff]} < std::int64_t{state_.BlockStart} + SamplesToRead())
+    MeasureWhereItLies();
+}
+
+// The view may have been moved on before it was saved: the block is that of the beat for once, then the view's again.
+void RecordReview::MeasureWhereItLies()
+{
+    constexpr std::int32_t beforeBeat = beatReach / 2;
+    const std::int64_t beat = Result.Unified[POn];
+    const std::int32_t view = std::exchange(state_.BlockStart, InRecord(beat - beforeBeat, File.SlotCount));
+    if (ReadBlock())
         Measure(File, LeadSystem::Wilson, Result);
+    state_.BlockStart = view;
+    ReadBlock();
 }
 
 std::int32_t RecordReview::SamplesToRead() const

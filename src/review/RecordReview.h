@@ -107,6 +107,7 @@ private:
     bool ChooseSpectrum(SpectrumLayout layout, const std::array<std::size_t, 2>& leads);
     std::int32_t SamplesToRead() const;
     void TakeUpSavedAnalysis();
+    void MeasureWhereItLies();
     bool HasFlag(std::size_t beat) const;
     bool MeasureSelected();
 

@@ -70,18 +70,24 @@ TEST_F(RecordReviewTest, SavesAnAnalysisAndTakesItUpAgain)
     EXPECT_EQ(Review.Result.Params.HeartRate, 60);
 }
 
-TEST_F(RecordReviewTest, LeavesASavedBeatThatIsNotInViewUnmeasured)
+TEST_F(RecordReviewTest, MeasuresASavedBeatAlikeWhereverTheViewWasMoved)
 {
     Store(FlaggedHeart(60));
-    for (const std::int32_t beatAt : {1000, 20000}) {
+    for (const std::int32_t beatAt : {300, 1000, 20000}) {
         Review.Open();
         Review.MoveTo(beatAt);
         Review.SelectBeat(1);
+        const BeatResult measured = Review.Result;
         Review.MoveTo(10000);
+        const std::int16_t shown = Review.File.EcgBlock.Row(lead::V2)[100];
         Review.Save();
         Review.Open();
+        EXPECT_EQ(Review.Result.Locate, measured.Locate);
         EXPECT_EQ(Review.Result.Params.HeartRate, 60);
-        EXPECT_EQ(Review.Result.Params.RAmp[lead::V5], NotMeasured) << "no silence is measured for the beat";
+        EXPECT_EQ(Review.Result.Params.RAmp, measured.Params.RAmp);
+        EXPECT_EQ(Review.Result.Params.TAmp, measured.Params.TAmp);
+        EXPECT_EQ(State.BlockStart, 10000);
+        EXPECT_EQ(Review.File.EcgBlock.Row(lead::V2)[100], shown) << "the view is that which was left";
     }
 }
 
