@@ -40,13 +40,13 @@ namespace {
     _exit(127);
 }
 
-}  // namespace
-
 Words SplitWords(const std::string& line)
 {
     std::istringstream stream(line);
     return {std::istream_iterator<std::string>(stream), {}};
 }
+
+}  // namespace
 
 Child::Child(const Words& arguments, const std::filesystem::path& output)
 {

@@ -42,6 +42,4 @@ private:
     bool ended_ = false;
 };
 
-Words SplitWords(const std::string& line);
-
 }  // namespace ecg

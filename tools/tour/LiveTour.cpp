@@ -147,6 +147,39 @@ void PlaySettings(TourDriver& tour, QWidget& window, const QString& language)
     });
 }
 
+void PlayFrank(TourDriver& tour, QWidget& window)
+{
+    tour.Select(window, "Combo1_0", 1);
+    tour.Wait(SweepMs);
+    tour.Picture(window, "frank");
+    tour.Check(tour.Find<QLabel>(window, "Label4_5").text() == "Y", "the Frank system watches lead Y");
+}
+
+// The language changes as after the settings; the Wilson system is back, and the window is larger for a while.
+void PlayChangeToEnglish(TourDriver& tour, Workstation& workstation)
+{
+    frmMain& window = workstation.MainWindow();
+    workstation.State().SysInfo.Language = 2;
+    window.ShowTexts();
+    window.ShowSelectors();
+    window.ShowExamination();
+    tour.Select(window, "Combo1_0", 0);
+    window.resize(1400, 900);
+    tour.Wait(SweepMs);
+    tour.Picture(window, "english-larger");
+    window.resize(1024, 768);
+    tour.Wait(3000);
+    tour.Picture(window, "english");
+}
+
+// A patient from the key to the printed report.
+void PlayPatients(TourDriver& tour, Workstation& workstation, PrintQueue& queue, const QString& language)
+{
+    PlayDoubleExamination(tour, workstation, language);
+    PlayDatabase(tour, workstation, language);
+    PlayReview(tour, workstation, queue, language);
+}
+
 }  // namespace
 
 void TourWithBox(TourDriver& tour, const std::filesystem::path& program)
@@ -189,29 +222,10 @@ void TourWithoutBox(TourDriver& tour, const std::filesystem::path& program, Prin
     tour.Click(window, "KeyPic_14");
     tour.Wait(200);
     tour.Picture(window, "baseline-return");
-    tour.Select(window, "Combo1_0", 1);
-    tour.Wait(SweepMs);
-    tour.Picture(window, "frank");
-    tour.Check(tour.Find<QLabel>(window, "Label4_5").text() == "Y", "the Frank system watches lead Y");
-
-    PlayDoubleExamination(tour, workstation, "zh");
-    PlayDatabase(tour, workstation, "zh");
-    PlayReview(tour, workstation, queue, "zh");
-
-    workstation.State().SysInfo.Language = 2;
-    window.ShowTexts();
-    window.ShowSelectors();
-    window.ShowExamination();
-    tour.Select(window, "Combo1_0", 0);
-    window.resize(1400, 900);
-    tour.Wait(SweepMs);
-    tour.Picture(window, "english-larger");
-    window.resize(1024, 768);
-    tour.Wait(3000);
-    tour.Picture(window, "english");
-    PlayDoubleExamination(tour, workstation, "en");
-    PlayDatabase(tour, workstation, "en");
-    PlayReview(tour, workstation, queue, "en");
+    PlayFrank(tour, window);
+    PlayPatients(tour, workstation, queue, "zh");
+    PlayChangeToEnglish(tour, workstation);
+    PlayPatients(tour, workstation, queue, "en");
     PlayMessage(tour, workstation, "en");
     PlaySettings(tour, window, "en");
     PlayExit(tour, workstation);

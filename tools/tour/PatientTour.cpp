@@ -15,6 +15,7 @@ namespace {
 
 constexpr int examinationMs = 15000;  // ten seconds of sampling, with some grace
 constexpr std::uintmax_t tenSecondsBytes = 4784 + 5000 * 16;
+constexpr const char* renamed = "张小明";  // the patient who is added, changed and deleted
 
 void Trigger(TourDriver& tour, QWidget& window, const char* menu)
 {
@@ -98,8 +99,33 @@ void PlaySampling(TourDriver& tour, Workstation& workstation, const QString& nam
                QString("the record holds 10 seconds: ") + QString::fromStdString(state.RecordPath));
 }
 
+void PlayAddAndModify(TourDriver& tour, QWidget& database, const QString& language)
+{
+    const auto& rows = *tour.Find<QTableView>(database, "PatientTab").model();
+    const int before = rows.rowCount();
+    tour.InWindow(
+        "frmPatInput", [&] { tour.Click(database, "FunKey_0"); },
+        [&](QWidget& entry) {
+            EnterPatient(tour, entry);
+            ShowBothPages(tour, entry, "add-" + language);
+            tour.Click(entry, "Command1_1");
+        });
+    tour.Check(rows.rowCount() == before + 1, "a patient was added");
+    tour.InWindow(
+        "frmPatInput", [&] { tour.Click(database, "FunKey_1"); },
+        [&](QWidget& entry) {
+            tour.Type(entry, "Text1_0", renamed);
+            tour.Picture(entry, "modify-" + language);
+            tour.Click(entry, "Command1_1");
+        });
+    tour.Check(tour.Find<QLabel>(database, "Label3_1").text() == renamed, "the new name shows");
+}
+
+// By a name, and again without a condition.
 void PlaySearch(TourDriver& tour, QWidget& database, const QString& language)
 {
+    const auto& rows = *tour.Find<QTableView>(database, "PatientTab").model();
+    const int all = rows.rowCount();
     const auto search = [&] { tour.Click(database, "FunKey_3"); };
     tour.InWindow("frmFindPat", search, [&](QWidget& find) {
         QTest::mouseClick(&tour.Find(find, "Check1_1"), Qt::LeftButton, {}, {8, 8});
@@ -112,6 +138,24 @@ void PlaySearch(TourDriver& tour, QWidget& database, const QString& language)
         tour.Click(find, "Command1_0");
         tour.Click(find, "Command1_1");
     });
+    tour.Check(rows.rowCount() == all, "without a condition all patients are listed");
+}
+
+void PlayBed(TourDriver& tour, QWidget& database, const QString& language)
+{
+    tour.InWindow(
+        "frmChangeClass", [&] { Trigger(tour, database, "Menu2_2"); },
+        [&](QWidget& window) {
+            tour.Picture(window, "class-and-bed-" + language);
+            tour.Click(window, "Command1_1");
+        });
+}
+
+void PlaySorting(TourDriver& tour, QWidget& database, const QString& language)
+{
+    tour.Click(database, "Command1_1");
+    tour.Click(database, "Command1_1");
+    tour.Picture(database, "sorted-" + language);
 }
 
 }  // namespace
@@ -147,37 +191,13 @@ void PlayDatabase(TourDriver& tour, Workstation& workstation, const QString& lan
     const auto examined = QString::fromStdString(PatientFolderName(workstation.State().CurrentPatient.No.Text()));
     tour.Picture(database, "database-" + language);
 
-    tour.InWindow(
-        "frmPatInput", [&] { tour.Click(database, "FunKey_0"); },
-        [&](QWidget& entry) {
-            EnterPatient(tour, entry);
-            ShowBothPages(tour, entry, "add-" + language);
-            tour.Click(entry, "Command1_1");
-        });
-    tour.Check(rows.rowCount() == before + 1, "a patient was added");
-    tour.InWindow(
-        "frmPatInput", [&] { tour.Click(database, "FunKey_1"); },
-        [&](QWidget& entry) {
-            tour.Type(entry, "Text1_0", "张小明");
-            tour.Picture(entry, "modify-" + language);
-            tour.Click(entry, "Command1_1");
-        });
-    tour.Check(tour.Find<QLabel>(database, "Label3_1").text() == "张小明", "the new name shows");
+    PlayAddAndModify(tour, database, language);
     PlaySearch(tour, database, language);
-    tour.Check(rows.rowCount() == before + 1, "without a condition all patients are listed");
-
     tour.Wait(200);
     tour.ClickRow(database, "PatientTab", tour.RowOf(database, "PatientTab", examined));
-    tour.InWindow(
-        "frmChangeClass", [&] { Trigger(tour, database, "Menu2_2"); },
-        [&](QWidget& window) {
-            tour.Picture(window, "class-and-bed-" + language);
-            tour.Click(window, "Command1_1");
-        });
-    tour.Click(database, "Command1_1");
-    tour.Click(database, "Command1_1");
-    tour.Picture(database, "sorted-" + language);
-    tour.ClickRow(database, "PatientTab", tour.RowOf(database, "PatientTab", "张小明"));
+    PlayBed(tour, database, language);
+    PlaySorting(tour, database, language);
+    tour.ClickRow(database, "PatientTab", tour.RowOf(database, "PatientTab", renamed));
     tour.Agree([&] { tour.Click(database, "FunKey_2"); }, "delete-" + language);
     tour.Check(rows.rowCount() == before, "a patient was deleted");
     tour.Click(database, "KeyPic_0");
