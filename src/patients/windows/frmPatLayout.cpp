@@ -120,13 +120,7 @@ void frmPat::AddKeys(QHBoxLayout& row)
         Named(picture, "KeyPic", i)->setFixedSize(keySize, keySize);
         picture->setToolTip(keyTips[i].In(state_.SysInfo));
         picture->setAccessibleName(picture->toolTip());
-        style::SetHandCursor(*picture);
-        picture->OnKeyDown = [picture] { picture->ShowPressed(true); };
-        picture->OnKeyUp = [picture, action = actions[i]](int x, int y) {
-            picture->ShowPressed(false);
-            if (picture->rect().contains(x, y))
-                action();
-        };
+        picture->ActOnRelease(actions[i]);
         row.addWidget(picture);
     }
 }

@@ -34,6 +34,17 @@ void PictureKey::ShowPressed(bool pressed)
     ShowFace();
 }
 
+void PictureKey::ActOnRelease(std::function<void()> act)
+{
+    style::SetHandCursor(*this);
+    OnKeyDown = [this] { ShowPressed(true); };
+    OnKeyUp = [this, act = std::move(act)](int x, int y) {
+        ShowPressed(false);
+        if (rect().contains(x, y))
+            act();
+    };
+}
+
 void PictureKey::ShowFace()
 {
     SetPicture(!isEnabled()   ? faces_.Disabled

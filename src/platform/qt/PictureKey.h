@@ -1,7 +1,7 @@
 // A key of the main window: a picture that changes while it is pressed, with a caption of its own.
 //
-// The key only reports what happens to it; its owner decides which picture it shows and what it does. Space and Enter
-// press it from the keyboard like the mouse.
+// The key only reports what happens to it; unless it is an ordinary button, its owner decides which picture it shows
+// and what it does. Space and Enter press it from the keyboard like the mouse.
 #pragma once
 
 #include "platform/qt/PictureBox.h"
@@ -28,6 +28,9 @@ public:
     QLabel* Caption() const { return caption_; }
 
     void ShowPressed(bool pressed);
+
+    // Makes it an ordinary button: it shows when it is pressed, and `act` runs when it is released over itself.
+    void ActOnRelease(std::function<void()> act);
 
     std::function<void()> OnKeyDown;
 

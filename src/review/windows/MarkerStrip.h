@@ -2,6 +2,8 @@
 // away; the right button beside the markers adds one.
 #pragma once
 
+#include "analysis/AboutFile.h"
+
 #include <QPoint>
 #include <QWidget>
 
@@ -29,7 +31,7 @@ private:
 
 class MarkerStrip final : public QWidget {
 public:
-    static constexpr std::size_t MarkerCount = 50;
+    static constexpr std::size_t MarkerCount = AboutFile::LongestFlagList;
 
     explicit MarkerStrip(QWidget* parent);
 
@@ -40,7 +42,7 @@ public:
     // The right button beside the markers, at `x` pixels of the strip.
     std::function<void(int x, const ::QPoint& place)> OnMenu;
 
-    // Shows the markers at these pixels of the strip; a place below 0 has none.
+    // Shows the markers at these pixels of the strip, a place below 0 has none; `selected` may be none of them.
     void Place(const std::array<int, MarkerCount>& places, std::size_t selected);
 
 protected:

@@ -16,11 +16,6 @@ namespace {
 constexpr double bottomMargin = 8;  // mm below the traces, for the bottom line
 constexpr double rightMargin = 1;   // mm
 
-QSize SizeLeft(QSize whole, QSize shown)
-{
-    return (whole - shown).expandedTo({0, 0});
-}
-
 }  // namespace
 
 TraceView::TraceView(RecordReview& review, const Pictures& pictures, QWidget* parent)
@@ -31,6 +26,7 @@ TraceView::TraceView(RecordReview& review, const Pictures& pictures, QWidget* pa
     setMinimumSize(480, 320);
 }
 
+// The whole picture at the scale in use, in pixels.
 QSize TraceView::PictureSize() const
 {
     const double width = TraceWidth(review_, OneLine) - ScreenCorner.X + rightMargin;
@@ -38,10 +34,16 @@ QSize TraceView::PictureSize() const
     return (QSizeF(width, height) * review_.View.DisplayScale).toSize();
 }
 
+::QPoint TraceView::LargestOffset() const
+{
+    const QSize hidden = (PictureSize() - size()).expandedTo({0, 0});
+    return {hidden.width(), hidden.height()};
+}
+
 void TraceView::SetOffset(::QPoint offset)
 {
-    const QSize left = SizeLeft(PictureSize(), size());
-    offset = {std::clamp(offset.x(), 0, left.width()), std::clamp(offset.y(), 0, left.height())};
+    const ::QPoint largest = LargestOffset();
+    offset = {std::clamp(offset.x(), 0, largest.x()), std::clamp(offset.y(), 0, largest.y())};
     if (offset == offset_)
         return;
     offset_ = offset;
@@ -93,17 +95,19 @@ void TraceView::PlaceMarkers()
     rrBox_->setGeometry(static_cast<int>(left), static_cast<int>(std::lround((box.Y - CornerMm().Y) * scale)),
                         static_cast<int>(std::lround(box.Width * scale)),
                         static_cast<int>(std::lround(box.Height * scale)));
+    // The measured beat, and not the place of the selected one: after scrolling that names another beat.
+    const std::int32_t measured = review_.File.CenterSlot;
     std::array<int, MarkerStrip::MarkerCount> places{};
+    std::size_t selected = places.size();
     for (std::size_t i = 0; i < places.size(); ++i) {
         const std::int32_t slot = review_.File.RFlagList[i];
         const auto x =
             PlaceOfSlot({.Left = box.X, .Width = box.Width}, slot, review_.State().BlockStart, review_.Scale().Speed);
         places[i] = slot > 0 && x ? static_cast<int>(std::lround(ToPixelX(*x) - left)) : -1;
+        if (slot > 0 && slot == measured)
+            selected = i;
     }
-    // The measured beat, and not the place of the selected one: after scrolling that names another beat.
-    const auto& flags = review_.File.RFlagList;
-    const auto measured = review_.File.CenterSlot > 0 ? std::ranges::find(flags, review_.File.CenterSlot) : flags.end();
-    rrBox_->Place(places, static_cast<std::size_t>(measured - flags.begin()));
+    rrBox_->Place(places, selected);
 }
 
 void TraceView::DrawBack()

@@ -17,12 +17,12 @@ class TraceView final : public QWidget {
 public:
     TraceView(RecordReview& review, const Pictures& pictures, QWidget* parent);
 
-    // The whole picture at the scale in use, in pixels.
-    QSize PictureSize() const;
-
-    // The pixel of the picture that stands at the top left; kept inside the picture.
+    // The pixel of the whole picture that stands at the top left; kept inside the picture.
     ::QPoint Offset() const { return offset_; }
     void SetOffset(::QPoint offset);
+
+    // How far the picture is larger than the view: the largest offset.
+    ::QPoint LargestOffset() const;
 
     void RedrawAll();     // another scale, form or colour
     void RedrawTraces();  // other samples, on the same grid
@@ -42,6 +42,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    QSize PictureSize() const;
     void PlaceMarkers();
     void DrawBack();
     void DrawFore();

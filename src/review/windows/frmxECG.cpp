@@ -1,23 +1,14 @@
 #include "review/windows/frmxECG.h"
 
 #include "core/Labels.h"
-#include "platform/qt/Controls.h"
 #include "platform/qt/Front.h"
 #include "platform/qt/SurfaceBox.h"
-#include "review/EventMarks.h"
-#include "review/TraceDrawing.h"
 #include "review/windows/ReviewTexts.h"
 #include "review/windows/TraceView.h"
 
-#include <QAction>
 #include <QCloseEvent>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QLayout>
-#include <QMenu>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QSignalBlocker>
 
 #include <algorithm>
 #include <tuple>

@@ -24,6 +24,7 @@
 // beat. They do so wherever the focus is.
 #pragma once
 
+#include "core/Language.h"
 #include "core/WindowOpener.h"
 #include "platform/Clock.h"
 #include "platform/MessageBox.h"
@@ -37,7 +38,6 @@
 #include <vector>
 
 class QAction;
-class QActionGroup;
 class QGridLayout;
 class QHBoxLayout;
 class QLabel;
@@ -72,6 +72,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // Values of `HelpContext`.
+    static constexpr int KnowledgeCode = 255;
+    static constexpr int HelpCode = 254;
+
     // frmxECGLayout.cpp
     void LayOut();
     QGridLayout* MakePicture();
@@ -104,6 +108,7 @@ private:
     void ShowTime();
     void ShowScrollBars();
 
+    // frmxECG.cpp
     void Exit();
     void SetMode(ReviewMode mode);
     void SetForm(EcgForm form);
@@ -116,9 +121,6 @@ private:
     void SwitchRule(bool on);
     void OpenEvents();
     void OpenTrend();
-    // Codes of `HelpContext`.
-    static constexpr int KnowledgeCode = 255;
-    static constexpr int HelpCode = 254;
     void OpenHelp(WindowName window, int context);
     void OpenWindow(WindowName window);
     void FollowBlockStart(std::int32_t before);

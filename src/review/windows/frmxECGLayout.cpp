@@ -103,7 +103,7 @@ QVBoxLayout* frmxECG::MakeTools()
     return column;
 }
 
-// Knowledge and help open what their numbers say, though the main window has them the other way round.
+// The codes of knowledge and help are those of the database window; the main window has them the other way round.
 QHBoxLayout* frmxECG::MakeKeys()
 {
     constexpr std::array<const char*, 3> released{"101", "105", "103"};
@@ -120,13 +120,7 @@ QHBoxLayout* frmxECG::MakeKeys()
         key->setFixedSize(keySize, keySize);
         key->setToolTip(keyTips[i].In(state_.SysInfo));
         key->setAccessibleName(key->toolTip());
-        style::SetHandCursor(*key);
-        key->OnKeyDown = [key] { key->ShowPressed(true); };
-        key->OnKeyUp = [key, action = actions[i]](int x, int y) {
-            key->ShowPressed(false);
-            if (key->rect().contains(x, y))
-                action();
-        };
+        key->ActOnRelease(actions[i]);
         row->addWidget(key);
     }
     return row;

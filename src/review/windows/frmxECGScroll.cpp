@@ -19,13 +19,18 @@
 namespace ecg {
 namespace {
 
-// The length of the bar's slider, in its own values, that shows which part of the record is in view. `lastStart` is the
-// slot at which the last full view begins.
-int SliderLength(std::int32_t samplesInView, std::int32_t lastStart)
+// The slot at which the last full view begins.
+std::int32_t LastStart(const RecordReview& review)
+{
+    return StartOfScroll(ScrollRange, review.File.SlotCount, review.SamplesInView());
+}
+
+// The length of the bar's slider, in its own values, that shows which part of the record is in view.
+int SliderLength(const RecordReview& review)
 {
     constexpr double longest = 100.0 * ScrollRange;  // as good as the whole bar
-    const double spare = std::max<double>(lastStart - static_cast<double>(FirstSampleSlot), 1);
-    return RoundToInt(std::min(ScrollRange * static_cast<double>(samplesInView) / spare, longest));
+    const double spare = std::max<double>(LastStart(review) - static_cast<double>(FirstSampleSlot), 1);
+    return RoundToInt(std::min(ScrollRange * static_cast<double>(review.SamplesInView()) / spare, longest));
 }
 
 }  // namespace
@@ -46,12 +51,12 @@ void frmxECG::ConnectScrollBars()
             child->installEventFilter(this);
 }
 
+// By so many mm of paper, backwards when below 0; forwards as far as the last full view.
 void frmxECG::Step(double mm)
 {
     const std::int32_t samples = ecg::SamplesInView(std::fabs(mm), review_.Scale().Speed);
-    const std::int32_t last = StartOfScroll(ScrollRange, review_.File.SlotCount, review_.SamplesInView());
     const std::int32_t start = state_.BlockStart + (mm < 0 ? -samples : samples);
-    Moved(review_.MoveTo(std::min(start, std::max(last, state_.BlockStart))));
+    Moved(review_.MoveTo(std::min(start, std::max(LastStart(review_), state_.BlockStart))));
 }
 
 // The bar stays where it was put: a place told from it is not answered by the place told from the view. Only a view
@@ -113,17 +118,16 @@ void frmxECG::ShowTime()
 
 void frmxECG::ShowScrollBars()
 {
-    const std::int32_t last = StartOfScroll(ScrollRange, review_.File.SlotCount, review_.SamplesInView());
-    HScroll1_->setPageStep(SliderLength(review_.SamplesInView(), last));
-    const QSize left = (PicFore_->PictureSize() - PicFore_->size()).expandedTo({0, 0});
+    HScroll1_->setPageStep(SliderLength(review_));
+    const ::QPoint largest = PicFore_->LargestOffset();
     const QSignalBlocker quietAcross(HScroll2_);
     const QSignalBlocker quietDown(VScroll1_);
-    HScroll2_->setRange(0, left.width());
+    HScroll2_->setRange(0, largest.x());
     HScroll2_->setPageStep(PicFore_->width());
-    HScroll2_->setVisible(left.width() > 0);
-    VScroll1_->setRange(0, left.height());
+    HScroll2_->setVisible(largest.x() > 0);
+    VScroll1_->setRange(0, largest.y());
     VScroll1_->setPageStep(PicFore_->height());
-    VScroll1_->setVisible(left.height() > 0);
+    VScroll1_->setVisible(largest.y() > 0);
     PicFore_->SetOffset(PicFore_->Offset());
     HScroll2_->setValue(PicFore_->Offset().x());
     VScroll1_->setValue(PicFore_->Offset().y());
