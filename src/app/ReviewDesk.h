@@ -26,9 +26,10 @@ public:
     // Opens the record `RecordPath` in a window of its own, in place of the one that was in review before. A record
     // that cannot be reviewed is told of.
     void Open(QWidget* parent);
-    void Close();
+    void Close();  // as by the frame of the window: no analysis is kept
     bool IsOpen() const;
 
+    // The record in review, or the last one that was; its samples are what the trend works on.
     RecordReview& Record() { return review_; }
 
 private:

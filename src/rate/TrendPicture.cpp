@@ -9,6 +9,7 @@
 namespace ecg {
 namespace {
 
+// In pixels of the design size.
 constexpr double boxTop = 8;
 constexpr double boxBottom = 248;
 constexpr double boxWidth = 500;
@@ -19,11 +20,14 @@ constexpr double rateTickStep = 34.3;  // pixels
 constexpr int rateStep = 30;           // beats a minute
 constexpr int columnTicks = 11;
 constexpr int columnStep = 50;
-constexpr double tickLength = 4;  // pixels
+constexpr double tickLength = 4;   // pixels
+constexpr double tickSpace = 3;    // pixels between a tick and its label
+constexpr double markerSpace = 4;  // pixels between the line of a marker and its caption
 
 constexpr double lineHeight = 17;  // of a text, whose digits are 9 pixels high
 constexpr double aboveDigits = 5;  // from the top of a line to the top of its digits
 constexpr double belowDigits = 3;
+constexpr double halfDigits = 4;
 
 constexpr Colour white{255, 255, 255};
 constexpr Colour gridLine{43, 54, 42};
@@ -34,16 +38,16 @@ constexpr Colour markerAmber{255, 206, 96};
 constexpr TextStyle axisText{.Height = lineHeight, .Ink = white};
 constexpr TextStyle markerText{.Height = lineHeight, .Ink = markerAmber};
 
-// The digits' upper edge comes to the height of a label, so that its tick meets their middle.
+// The tick meets the middle of the digits.
 void DrawRateTick(Surface& picture, int n)
 {
     const double y = rateTickStep * n + boxTop;
     const int rate = HighestRate - rateStep * n;
     const std::string label = (rate < 100 ? " " : "") + std::to_string(rate);
-    const double right = FirstColumn - tickLength - 3;
+    const double right = FirstColumn - tickLength - tickSpace;
     picture.Line({FirstColumn, y}, {FirstColumn + boxWidth, y}, gridLine);
     picture.Line({FirstColumn - tickLength, y}, {FirstColumn, y}, white);
-    picture.Text({right - picture.TextWidth(label, axisText), y - 4 - aboveDigits}, label, axisText);
+    picture.Text({right - picture.TextWidth(label, axisText), y - halfDigits - aboveDigits}, label, axisText);
 }
 
 void DrawColumnTick(Surface& picture, int n)
@@ -66,7 +70,7 @@ void DrawMarker(Surface& picture, int rate, double textTop, const std::string& c
     constexpr double length = 12;
     const double y = MarkerTop(rate) + MarkerZero;
     picture.Line({0, y}, {length, y}, markerAmber);
-    picture.Text({length + 4, textTop}, caption + " " + std::to_string(rate), markerText);
+    picture.Text({length + markerSpace, textTop}, caption + " " + std::to_string(rate), markerText);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "analysis/ReportTexts.h"
 #include "review/Plot.h"
+#include "review/StripLayout.h"
 
 #include <algorithm>
 #include <vector>
@@ -13,14 +14,12 @@ constexpr double msPerSecond = 1000;
 constexpr double msPerMinute = 60000;
 
 // Panels in mm of the page, and what the numbers take of them.
-constexpr double panelWidth = 110;
-constexpr double panelHeight = 47.5;
+constexpr double panelWidth = TraceAreaWidth / 2;
+constexpr double panelHeight = TraceAreaHeight / 4;
 constexpr double left = 14;
 constexpr double top = 8;
 constexpr double right = 6;
 constexpr double bottom = 8;
-constexpr double trendWidth = 220;
-constexpr double trendHeight = 95;
 
 constexpr double shortestAxis = 0.1;  // s; a steady heart is not blown up to the noise of its counting
 
@@ -67,7 +66,7 @@ Axis SecondsAxis(const std::vector<double>& values, std::pair<double, double> us
     return RoundAxis(*low - widening, *high + widening, "s");
 }
 
-// Counts by millisecond, as parts of the highest one.
+// Counts by millisecond, as parts of the highest one; 0 ms stand at `zero`.
 void DrawHistogram(Surface& page, const Rect& area, std::span<const std::int16_t> counts, int zero, int highest,
                    std::pair<double, double> usual, const char* title, const PageLook& look)
 {
@@ -95,7 +94,7 @@ void DrawScatter(Surface& page, const Rect& area, const std::vector<double>& val
 
 void DrawTrend(Surface& page, const std::vector<double>& intervals, const char* title, const PageLook& look)
 {
-    const Plot plot(page, Inside(0, 2 * panelHeight, trendWidth, trendHeight), {0, mostBeats, beatStep, 0, ""},
+    const Plot plot(page, Inside(0, 2 * panelHeight, TraceAreaWidth, 2 * panelHeight), {0, mostBeats, beatStep, 0, ""},
                     {0, fastestShown, rateStep, 0, "bpm"}, look);
     plot.DrawAxes(title);
     std::vector<Point> rates;

@@ -3,9 +3,9 @@
 #include "analysis/AboutResult.h"
 #include "analysis/HeartRateVariability.h"
 #include "analysis/SavedAnalysis.h"
+#include "platform/FileSystem.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <utility>
 
 namespace ecg {
@@ -70,8 +70,7 @@ RecordReview::Opening RecordReview::Open()
     Spectrum = {};
     View = {};
     if (!HasSamples(File.SlotCount)) {
-        std::error_code error;
-        const bool present = std::filesystem::is_regular_file(state_.Folders.File(state_.RecordPath), error);
+        const bool present = IsFile(state_.Folders.File(state_.RecordPath));
         return present ? Opening::Empty : Opening::Unreadable;
     }
     View.Form = FormOnOpening(state_);

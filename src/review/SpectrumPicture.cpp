@@ -4,6 +4,7 @@
 #include "core/Labels.h"
 #include "core/MmGrid.h"
 #include "review/Plot.h"
+#include "review/StripLayout.h"
 
 #include <algorithm>
 #include <string_view>
@@ -12,24 +13,30 @@
 namespace ecg {
 namespace {
 
+constexpr double hertzTick = 5;
+
 // The four panels of two leads, in mm of the page.
 constexpr Rect firstPanel{7, 10, 100, 80};
-constexpr double panelAcross = 110;
-constexpr double panelDown = 95;
+constexpr double panelAcross = TraceAreaWidth / 2;
+constexpr double panelDown = TraceAreaHeight / 2;
 constexpr double panelHertz = 25;  // 4 mm for a hertz
 constexpr double mmPerUnit = 10;   // of 20 uV/Hz
 constexpr double halfPanel = 40;   // mm; 180 degrees, and the peak of the impulse response
 
 // The cells of twelve leads.
 constexpr int cellColumns = 3;
-constexpr double cellWidth = 220.0 / cellColumns;
-constexpr double cellHeight = 47.5;
-constexpr double mmPerFiveHertz = 13;
+constexpr double cellWidth = TraceAreaWidth / cellColumns;
+constexpr double cellHeight = TraceAreaHeight / 4;
+constexpr double mmPerTick = 13;
 constexpr double mmPerCellUnit = 7.8;  // of 20 uV/Hz
 constexpr double cellHertz = 20;
 constexpr double cellUnits = 4;
 constexpr double cellLeft = 11;   // mm of the numbers beside the axis
 constexpr double cellBottom = 8;  // mm of the numbers below it
+
+// The height of the marks, in lines of text: heading and marks, half a line apart from what follows.
+constexpr double markRow = 2;
+constexpr double markSpace = 0.5;
 
 Rect Panel(int column, int row)
 {
@@ -38,7 +45,7 @@ Rect Panel(int column, int row)
 
 Axis Hertz(double to)
 {
-    return {0, to, 5, 0, "Hz"};
+    return {0, to, hertzTick, 0, "Hz"};
 }
 
 // The bins of a lead as hertz and units of 20 uV/Hz.
@@ -80,7 +87,7 @@ void DrawImpulse(Surface& page, const SpectrumResult& result, bool chinese, cons
 {
     const double seconds = static_cast<double>(result.Length) / SpectrumRate;
     const double reach = std::max(seconds / 2, 1.0);
-    Axis time = RoundAxis(-reach, reach, "s");
+    const Axis time = RoundAxis(-reach, reach, "s");
     const Plot plot(page, Panel(1, 1), time, {-1, 1, 0.5, 1, ""}, look);
     plot.DrawAxes(texts::ImpulseResponse.In(chinese));
     std::vector<Point> points;
@@ -90,7 +97,7 @@ void DrawImpulse(Surface& page, const SpectrumResult& result, bool chinese, cons
     plot.Curve(points);
 }
 
-// Each mark under its letter, wherever the font puts that.
+// The marks from `mark` on, each under its letter of `heading`, wherever the font puts that.
 void DrawMarkRow(Surface& surface, Point at, std::string_view heading, const SpectrumResult& result, std::size_t mark,
                  const TextStyle& style)
 {
@@ -123,7 +130,7 @@ void DrawDoubleLead(Surface& page, const SpectrumResult& result, bool chinese, c
 
 void DrawTwelveSpectra(Surface& page, const SpectrumResult& result, const PageLook& look)
 {
-    const double width = cellHertz / 5 * mmPerFiveHertz;
+    const double width = cellHertz / hertzTick * mmPerTick;
     const double height = cellUnits * mmPerCellUnit;
     for (std::size_t lead = 0; lead < WilsonLeadCount; ++lead) {
         const double left = static_cast<double>(lead % cellColumns) * cellWidth;
@@ -142,12 +149,12 @@ double DrawSpectrumMarks(Surface& surface, Point at, const SpectrumResult& resul
     for (const std::size_t which : {0U, 1U}) {
         surface.Text(at, labels::Leads[result.DftLeads[which]], bold);
         DrawMarkRow(surface, {at.X, at.Y + style.Height}, texts::LeadMarksHeading, result, which * MarksOfGroup, style);
-        at.Y += 3.5 * style.Height;
+        at.Y += (1 + markRow + markSpace) * style.Height;
     }
     DrawMarkRow(surface, at, texts::PhaseMarkHeading, result, mark::D, style);
-    at.Y += 2.5 * style.Height;
+    at.Y += (markRow + markSpace) * style.Height;
     DrawMarkRow(surface, at, texts::ImpulseMarksHeading, result, mark::F, style);
-    return at.Y + 2 * style.Height - top;
+    return at.Y + markRow * style.Height - top;
 }
 
 }  // namespace ecg

@@ -20,11 +20,11 @@
 
 namespace ecg {
 
-inline constexpr double ReportWidth = 280;        // mm
-inline constexpr double ReportHeight = 195;       // mm
-inline constexpr double ReportColumn = 220;       // mm; where the right column begins
-inline constexpr double ReportColumnText = 222;   // mm; where its lines begin
-inline constexpr double ReportColumnRoom = 56.5;  // mm for a line of it
+inline constexpr double ReportWidth = 280;              // mm
+inline constexpr double ReportHeight = 195;             // mm
+inline constexpr double ReportColumn = TraceAreaWidth;  // mm; where the right column begins
+inline constexpr double ReportColumnText = 222;         // mm; where its lines begin
+inline constexpr double ReportColumnRoom = 56.5;        // mm for a line of it
 
 // Number and time of a report: the fourteen digits of the record's file name, with or without a backslash before its
 // folder. Of another name its first fourteen characters.
