@@ -74,6 +74,7 @@ std::optional<double> NearestFree(const std::vector<Range>& taken, double height
     return nearest;
 }
 
+// Finds each name its place and writes it; no name comes to stand on another one.
 class NameWriter {
 public:
     NameWriter(Surface& page, std::span<const std::vector<Point>> traces, std::vector<Rect> taken, const PageLook& look)
@@ -104,7 +105,8 @@ public:
         double left = bandLeft + mark + indent;
         const double wanted = LevelOf(trace, left, left + width, strip.Top) - height;
         auto top = NearestFree(Taken(left, left + width), height, wanted);
-        if (const double foot = bandLeft + std::clamp(mark - width, 0.0, indent); !top && mark > 0) {
+        if (!top && mark > 0) {
+            const double foot = bandLeft + std::clamp(mark - width, 0.0, indent);
             top = NearestFree(Taken(foot, foot + width), height, strip.Top);
             left = top ? foot : left;
         }

@@ -13,9 +13,8 @@ struct ReviewScene {
     TourDriver& Tour;
     Workstation& Program;
     PrintQueue& Queue;
-    QString Language;   // marks the pictures
-    QWidget& Database;  // that the record was opened from
-    QWidget& Window;    // frmxECG
+    QString Language;  // marks the pictures
+    QWidget& Window;   // frmxECG
 
     SharedState& State() const { return Program.State(); }
 
@@ -41,11 +40,11 @@ struct ReviewScene {
     }
 };
 
-// ReviewTour.cpp
+// ReviewTour.cpp: what the window can show.
 void PlayForms(const ReviewScene& scene);
 void PlayModes(const ReviewScene& scene);
 
-// ReviewWork.cpp
+// ReviewWork.cpp: work on the traces; the jumps need a record longer than a view.
 void PlayDisplay(const ReviewScene& scene);
 void PlayRule(const ReviewScene& scene);
 void PlayFlags(const ReviewScene& scene);

@@ -196,13 +196,13 @@ void PlayReview(TourDriver& tour, Workstation& workstation, PrintQueue& queue, c
     EnterName(tour, database, twelveLeads);
     const int first = RowOfPatient(tour, database, twelveLeads);
     QWidget& review = OpenReview(tour, database, first);
-    PlayFirstRecord({tour, workstation, queue, language, database, review});
+    PlayFirstRecord({tour, workstation, queue, language, review});
 
     // Choosing a record to compare with has made the database window anew.
     QWidget& databaseAgain = tour.Window("frmPat");
     PlaySaving(tour, workstation, tour.Window("frmxECG"), databaseAgain, first);
     QWidget& longReview = OpenReview(tour, databaseAgain, RowOfPatient(tour, databaseAgain, halfHour));
-    const ReviewScene scene{tour, workstation, queue, language, databaseAgain, longReview};
+    const ReviewScene scene{tour, workstation, queue, language, longReview};
     PlayJumps(scene);
     PlayVariabilityPage(scene);
     tour.Click(longReview, "KeyPic_0");

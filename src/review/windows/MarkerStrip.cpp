@@ -9,7 +9,12 @@
 namespace ecg {
 namespace {
 
-constexpr int markerWidth = 15;  // pixels
+// In pixels. A marker points down to its beat.
+constexpr int markerWidth = 15;
+constexpr double plainHalf = 4;
+constexpr double selectedHalf = 6;
+constexpr double outline = 1.5;
+constexpr double heightOfHalf = 1.5;  // the height of the triangle in parts of half its width
 
 }  // namespace
 
@@ -28,13 +33,13 @@ void BeatMarker::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(style::Accent, 1.5));
+    painter.setPen(QPen(style::Accent, outline));
     painter.setBrush(selected_ ? QBrush(style::Accent) : QBrush(style::Field));
     const double middle = width() / 2.0;
-    const double half = selected_ ? 6 : 4;
-    const double bottom = height() - 1.5;
-    painter.drawPolygon(
-        QPolygonF{{middle - half, bottom - 1.5 * half}, {middle + half, bottom - 1.5 * half}, {middle, bottom}});
+    const double half = selected_ ? selectedHalf : plainHalf;
+    const double bottom = height() - outline;
+    const double top = bottom - heightOfHalf * half;
+    painter.drawPolygon(QPolygonF{{middle - half, top}, {middle + half, top}, {middle, bottom}});
 }
 
 void BeatMarker::mousePressEvent(QMouseEvent* event)

@@ -15,6 +15,7 @@ namespace {
 
 constexpr double bottomMargin = 8;  // mm below the traces, for the bottom line
 constexpr double rightMargin = 1;   // mm
+constexpr QSize smallest(480, 320);
 
 }  // namespace
 
@@ -23,7 +24,7 @@ TraceView::TraceView(RecordReview& review, const Pictures& pictures, QWidget* pa
 {
     setObjectName("PicFore");
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(480, 320);
+    setMinimumSize(smallest);
 }
 
 // The whole picture at the scale in use, in pixels.
