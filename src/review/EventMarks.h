@@ -21,7 +21,8 @@ std::string ExamTimeText(const RecordHeader& header);
 std::string WrittenTime(std::string_view digits);
 
 // Draws the marks at the top of the first band in which each event lies. A mark that would stand on another's words stands
-// below them. Returns the places that they take.
+// below them; where words would come to lie under too much of the traces, the number of the event in the list of events
+// stands for them, and where that finds no place either, the arrows that stand there. Returns the places that they take.
 std::vector<Rect> DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header,
                                  std::int32_t blockStart, double speed, bool chinese, const PageLook& look);
 
