@@ -11,7 +11,7 @@
 
 namespace ecg {
 
-// The time of a slot of the record: "yyyy/mm/dd hh:mm:ss". "" when the header holds no time.
+// The time of a slot of the record: "yyyy/mm/dd hh:mm:ss", also past the end of a month. "" when the header holds no time.
 std::string TimeOfSlot(const RecordHeader& header, std::int32_t slot);
 
 // The start of the examination in the same form.
