@@ -4,7 +4,10 @@
 #include "platform/qt/BusyCursor.h"
 #include "platform/qt/QtPrinter.h"
 #include "review/report/PrintReport.h"
+#include "review/windows/TraceView.h"
 #include "review/windows/frmxECG.h"
+
+#include <QSaveFile>
 
 namespace ecg {
 namespace {
@@ -26,11 +29,16 @@ constexpr Twin notPosted{"记录没有放入信箱：无法写入 Comm.dat。请
 
 class WindowExporter final : public ReportExporter {
 public:
-    WindowExporter(QWidget& view, const Pictures& pictures) : view_(view), pictures_(pictures) {}
+    WindowExporter(RecordReview& review, const Pictures& pictures) : review_(review), pictures_(pictures) {}
 
+    // The view of the window may be too small for its picture: one of its own shows all of it. A disk that is full is
+    // noticed with the last bytes.
     bool SavePicture(const std::filesystem::path& bitmap) override
     {
-        return view_.grab().save(QString::fromStdString(bitmap.string()), "BMP");
+        TraceView whole(review_, pictures_, nullptr);
+        whole.resize(whole.PictureSize());
+        QSaveFile file(QString::fromStdString(bitmap.string()));
+        return file.open(QIODevice::WriteOnly) && whole.grab().save(&file, "BMP") && file.commit();
     }
 
     std::unique_ptr<Printer> PdfPrinter(const std::filesystem::path& pdf) override
@@ -39,7 +47,7 @@ public:
     }
 
 private:
-    QWidget& view_;
+    RecordReview& review_;
     const Pictures& pictures_;
 };
 
@@ -98,10 +106,7 @@ void ReviewDesk::Print()
 
 void ReviewDesk::Export()
 {
-    auto* view = window_ ? window_->findChild<QWidget*>("PicFore") : nullptr;
-    if (view == nullptr)
-        return;
-    switch (ExportFrom(*view)) {
+    switch (WriteExport()) {
     case ReportExport::Exported:
         return Tell(exported);
     case ReportExport::NoFolder:
@@ -111,10 +116,10 @@ void ReviewDesk::Export()
     }
 }
 
-ReportExport ReviewDesk::ExportFrom(QWidget& view)
+ReportExport ReviewDesk::WriteExport()
 {
     const BusyCursor busy;
-    WindowExporter exporter(view, pictures_);
+    WindowExporter exporter(review_, pictures_);
     return ExportReport(review_, exporter, clock_.Now().Year);
 }
 

@@ -35,7 +35,7 @@ public:
 private:
     void Print();
     void Export();
-    ReportExport ExportFrom(QWidget& view);
+    ReportExport WriteExport();
     void Post();
     void Tell(const Twin& text);
 

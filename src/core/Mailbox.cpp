@@ -1,6 +1,7 @@
 #include "core/Mailbox.h"
 
 #include "core/Labels.h"
+#include "core/PatientNumber.h"
 #include "core/formats/FixedRecordFile.h"
 
 #include <optional>
@@ -27,13 +28,13 @@ bool LiesIn(const std::filesystem::path& file, const std::filesystem::path& fold
 }
 
 // The file of a record that is named by another program, which may name anything: only a ".W" or ".F" file inside the
-// data folder is a record. No other file of ours may have a header written over its beginning.
+// data folder, in whatever case, is a record. No other file of ours may have a header written over its beginning.
 std::optional<std::filesystem::path> RecordFile(const Folders& folders, const std::string& storedPath)
 {
     std::error_code error;
     const auto folder = std::filesystem::weakly_canonical(folders.Data, error);
     const auto file = std::filesystem::weakly_canonical(folders.File(storedPath), error);
-    const auto kind = file.extension();
+    const auto kind = UpperCase(file.extension().string());
     const bool isRecord = (kind == ".W" || kind == ".F") && storedPath.find('\0') == std::string::npos;
     if (error || !isRecord || !LiesIn(file, folder) || std::filesystem::is_symlink(file, error))
         return std::nullopt;
@@ -107,12 +108,18 @@ void Mailbox::TakeUpRecord()
     messages_.Tell("[" + header.Name.Text() + cameBack.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
 }
 
-// The header of a record in review is written back when its window closes, and must not bring the former doctor back.
+// The header of a record in review is written back when its window closes, and must not bring back the former doctor, nor
+// undo what the centre has written. View and scale stay those of the review.
 void Mailbox::MarkRecordInReview(const RecordHeader& header)
 {
     const bool sameFile = state_.Folders.File(state_.RecordPath) == state_.Folders.File(state_.MailBox.CommFile.Text());
-    if (sameFile && state_.CurrentHeader.ExamTime == header.ExamTime)
-        state_.CurrentHeader.Doctor = header.Doctor;
+    RecordHeader& inReview = state_.CurrentHeader;
+    if (!sameFile || inReview.ExamTime != header.ExamTime)
+        return;
+    inReview.Doctor = header.Doctor;
+    inReview.DoctorNote = header.DoctorNote;
+    inReview.EventPos = header.EventPos;
+    inReview.EventText = header.EventText;
 }
 
 }  // namespace ecg

@@ -39,7 +39,8 @@ public:
     // the record, and the user is told. No failure is shown: a mailbox that cannot be emptied is left for the next poll
     // without a word, and a record that is not a file of this data folder is not touched.
     //
-    // A record that does not exist is made, with a header and no samples.
+    // A record in review takes over remarks and events of the file, for its header is written back. A record that does
+    // not exist is made, with a header and no samples.
     void Poll();
 
 private:

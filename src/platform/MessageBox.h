@@ -5,13 +5,18 @@
 
 namespace ecg {
 
-enum class MessageButtons { Ok, OkCancel, YesNo };
+enum class MessageButtons {
+    Ok,
+    OkCancel,
+    OkIgnore,  // for texts that speak of "忽略" (ignore) where Chinese has "取消" otherwise; in English the same as `OkCancel`
+    YesNo
+};
 
 class MessageBox {
 public:
     virtual ~MessageBox() = default;
 
-    // Shows UTF-8 text and blocks. True for OK or Yes; false for Cancel, No, or a closed box.
+    // Shows UTF-8 text and blocks. True for OK or Yes; false for Cancel, Ignore, No, or a closed box.
     virtual bool Show(std::string_view text, std::string_view title, MessageButtons buttons) = 0;
 
     void Tell(std::string_view text, std::string_view title) { Show(text, title, MessageButtons::Ok); }

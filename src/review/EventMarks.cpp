@@ -2,25 +2,54 @@
 
 #include "core/EventClock.h"
 #include "core/Language.h"
+#include "core/Numbers.h"
 #include "core/formats/RecordSample.h"
 #include "review/TraceDrawing.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <optional>
 
 namespace ecg {
 namespace {
 
-constexpr double arrowSize = 4;  // mm
-constexpr double wordSpace = 1;  // mm between arrow and words
+constexpr double arrowSize = 4;    // mm
+constexpr double wordSpace = 1;    // mm between arrow and words
+constexpr double wordsDepth = 20;  // mm of the traces that words may lie under
 
 constexpr Twin eventIs{"事件：", "Event: "};
 constexpr Twin timeIs{"时间：", "Time: "};
+constexpr Twin eventNumber{"事件", "Event "};  // as in the list of events
+
+// The clock of events does not carry the month: past its last day the text is "yyyy-mm-d h:m:s" with an impossible day. Here
+// it becomes the date that is meant.
+std::string CarriedDate(const std::string& clock)
+{
+    using namespace std::chrono;
+    int yearNumber = 0;
+    unsigned monthNumber = 0;
+    int dayNumber = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    if (std::sscanf(clock.c_str(), "%d-%u-%d %d:%d:%d", &yearNumber, &monthNumber, &dayNumber, &hour, &minute,
+                    &second) != 6)
+        return clock;
+    const year_month_day first{year(yearNumber), month(monthNumber), day(1)};
+    if (!first.ok())
+        return WrittenTime(clock);
+    const year_month_day date{sys_days(first) + days(dayNumber - 1)};
+    return std::to_string(int{date.year()}) + "/" + FormatZeros(unsigned{date.month()}, 2) + "/" +
+           FormatZeros(unsigned{date.day()}, 2) + " " + FormatZeros(hour, 2) + ":" + FormatZeros(minute, 2) + ":" +
+           FormatZeros(second, 2);
+}
 
 // The places that are taken, and where the next mark may stand.
 class Places {
 public:
-    // The upper edge of the highest free place of this size, looking down from `area.Y`.
-    double Take(Rect area)
+    // Takes the highest free place of this size between `area.Y` and `bottom`; its upper edge.
+    std::optional<double> Take(Rect area, double bottom)
     {
         const auto overlaps = [&area](const Rect& other) {
             return area.X < other.X + other.Width && other.X < area.X + area.Width && area.Y < other.Y + other.Height &&
@@ -29,6 +58,8 @@ public:
         for (auto other = std::ranges::find_if(taken_, overlaps); other != taken_.end();
              other = std::ranges::find_if(taken_, overlaps))
             area.Y = other->Y + other->Height;
+        if (area.Y + area.Height > bottom)
+            return std::nullopt;
         taken_.push_back(area);
         return area.Y;
     }
@@ -39,18 +70,23 @@ private:
     std::vector<Rect> taken_;
 };
 
-void DrawMark(Surface& page, const Band& band, double x, const std::string& words, Places& places, const PageLook& look)
+// Arrow and words, as high up as there is room above `bottom`. False when there is none.
+bool DrawMark(Surface& page, const Band& band, double x, const std::string& words, double bottom, Places& places,
+              const PageLook& look)
 {
     const TextStyle style{look.TextHeight, look.Event, true};
     const double reach = arrowSize / 2 + wordSpace + page.TextWidth(words, style);
     const bool leftwards = x + reach > band.Left + band.Width && x - reach >= band.Left;
     const double left = leftwards ? x - reach : x - arrowSize / 2;
     const double width = reach + arrowSize / 2;
-    const double y = places.Take({left, band.Top - look.Margin, width, look.TextHeight});
-    page.Fill({left, y, width, look.TextHeight}, look.Paper);
+    const auto y = places.Take({left, band.Top - look.Margin, width, look.TextHeight}, bottom);
+    if (!y)
+        return false;
+    page.Fill({left, *y, width, look.TextHeight}, look.Paper);
     const double arrowDrop = (look.TextHeight - arrowSize) / 2;
-    page.Picture(look.EventArrow, {x - arrowSize / 2, y + arrowDrop, arrowSize, arrowSize});
-    page.Text({leftwards ? left : x + arrowSize / 2 + wordSpace, y}, words, style);
+    page.Picture(look.EventArrow, {x - arrowSize / 2, *y + arrowDrop, arrowSize, arrowSize});
+    page.Text({leftwards ? left : x + arrowSize / 2 + wordSpace, *y}, words, style);
+    return true;
 }
 
 }  // namespace
@@ -71,7 +107,8 @@ std::string TimeOfSlot(const RecordHeader& header, std::int32_t slot)
 {
     if (slot <= FirstSampleSlot)
         return ExamTimeText(header);
-    return EventClock(LaidOutTime(header.ExamTime.Text()), slot - static_cast<std::int32_t>(FirstSampleSlot));
+    return CarriedDate(
+        EventClock(LaidOutTime(header.ExamTime.Text()), slot - static_cast<std::int32_t>(FirstSampleSlot)));
 }
 
 std::vector<Rect> DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header,
@@ -84,10 +121,11 @@ std::vector<Rect> DrawEventMarks(Surface& page, const StripLayout& layout, const
             const auto x = PlaceOfSlot(band, slot, blockStart, speed);
             if (slot < blockStart || !x || band.Comparison)
                 continue;
-            DrawMark(page, band, *x,
-                     eventIs.In(chinese) + header.EventText[i].Text() + "  " + timeIs.In(chinese) +
-                         TimeOfSlot(header, slot),
-                     places, look);
+            const std::string words =
+                eventIs.In(chinese) + header.EventText[i].Text() + "  " + timeIs.In(chinese) + TimeOfSlot(header, slot);
+            if (!DrawMark(page, band, *x, words, band.Top + wordsDepth, places, look))
+                DrawMark(page, band, *x, eventNumber.In(chinese) + std::to_string(i + 1), TraceAreaHeight, places,
+                         look);
             break;
         }
     }

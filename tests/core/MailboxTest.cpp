@@ -114,7 +114,13 @@ TEST_F(MailboxTest, TellsOnceOfARecordThatCameBackAndMakesTheCentreItsDoctor)
 {
     MakeRecord(Record);
     State.CurrentHeader = HeaderOf(Record);
-    State.CurrentHeader.Bed.Set("12");  // changed in a review that is still open
+    State.CurrentHeader.GainIndex = 2;  // changed in a review that is still open
+    RecordHeader fromCentre = HeaderOf(Record);
+    fromCentre.DoctorNote[1].Set("窦性心律");
+    fromCentre.EventPos[0] = 700;
+    fromCentre.EventText[0].Set("早搏");
+    const auto file = OpenFile(Record, OpenMode::ReadWrite);
+    ASSERT_TRUE(FixedRecordFile<RecordHeader>(*file).Write(1, fromCentre));
     Leave(2);
     Box.Poll();
     Box.Poll();
@@ -126,7 +132,10 @@ TEST_F(MailboxTest, TellsOnceOfARecordThatCameBackAndMakesTheCentreItsDoctor)
     EXPECT_EQ(HeaderOf(Record).Name.Text(), "王芳");
     EXPECT_EQ(FileBytes(Record).substr(4780), std::string(20, 's'));
     EXPECT_EQ(State.CurrentHeader.Doctor.Text(), "中心") << "the review will write its header back";
-    EXPECT_EQ(State.CurrentHeader.Bed.Text(), "12");
+    EXPECT_EQ(State.CurrentHeader.DoctorNote[1].Text(), "窦性心律");
+    EXPECT_EQ(State.CurrentHeader.EventPos[0], 700);
+    EXPECT_EQ(State.CurrentHeader.EventText[0].Text(), "早搏");
+    EXPECT_EQ(State.CurrentHeader.GainIndex, 2);
 
     State.CurrentHeader.ExamTime.Set("20260310101010");  // the next examination, not written yet
     State.CurrentHeader.Doctor.Set("李医生");

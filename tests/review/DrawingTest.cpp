@@ -251,6 +251,38 @@ TEST(EventMarks, StandAtTheirMomentWithTextAndTime)
     EXPECT_NEAR(page.Texts[1].At.X, 27.5 + 3, 1e-9);
 }
 
+TEST(EventMarks, TellTheDateBehindTheEndOfAMonth)
+{
+    RecordHeader header;
+    constexpr int hour = 3600 * FramesPerSecond;
+    const auto timeAfter = [&header](const char* start, int slots) {
+        header.ExamTime.Set(start);
+        return TimeOfSlot(header, static_cast<int>(FirstSampleSlot) + slots);
+    };
+    EXPECT_EQ(timeAfter("20260309080507", 0), "2026/03/09 08:05:07");
+    EXPECT_EQ(timeAfter("20260331233000", hour), "2026/04/01 00:30:00");
+    EXPECT_EQ(timeAfter("20261231233000", hour), "2027/01/01 00:30:00");
+    EXPECT_EQ(timeAfter("20281331233000", hour), "2028/13/32 0:30:0") << "no date at all";
+    EXPECT_EQ(timeAfter("yesterday", hour), "");
+}
+
+TEST(EventMarks, GiveTheirNumberWhereTooManyWordsWouldLieUnderTheTraces)
+{
+    RecordHeader header;
+    header.ExamTime.Set("20260309235958");
+    header.EventPos.fill(800);
+    for (auto& text : header.EventText)
+        text.Set("pain");
+    RecordingSurface page(297, 210);
+    PageLook look;
+    look.TextHeight = 5;
+    const auto places = DrawEventMarks(page, {{{.Width = 220, .Bottom = 190}}, {}}, header, 300, 25, true, look);
+    ASSERT_EQ(page.Texts.size(), 38U) << "what finds no place in 190 mm is not drawn over others";
+    EXPECT_EQ(page.Texts[3].Text, "事件：pain  时间：2026/03/09 23:59:59");
+    EXPECT_EQ(page.Texts[4].Text, "事件5");
+    EXPECT_EQ(places.back().Y, 185);
+}
+
 TEST(QtDiagram, DrawsABarForEachLeadAsLongAsItExceedsTheShortest)
 {
     BeatResult result;

@@ -282,6 +282,12 @@ bool frmPat::Asks(const Twin& title, const std::string& question)
     return messages_.Show(question, title.In(state_.SysInfo), MessageButtons::OkCancel);
 }
 
+// The question names its buttons.
+bool frmPat::WantsAnotherRecord()
+{
+    return messages_.Show(wrongType.In(state_.SysInfo), wrongTypeTitle.In(state_.SysInfo), MessageButtons::OkIgnore);
+}
+
 void frmPat::Tell(const std::string& text)
 {
     messages_.Tell(text, windowTitle().toStdString());
@@ -308,7 +314,7 @@ void frmPat::CloseUnasked()
 void frmPat::closeEvent(QCloseEvent* event)
 {
     const bool asks = browser_.Picking() && !browser_.HasComparison() && !unasked_;
-    if (busy_ || (asks && Asks(wrongTypeTitle, wrongType.In(state_.SysInfo)))) {
+    if (busy_ || (asks && WantsAnotherRecord())) {
         browser_.ForgetComparison();
         event->ignore();
         return;

@@ -81,6 +81,7 @@ private:
     void OpenHelp(WindowName window, int context);
 
     bool Asks(const Twin& title, const std::string& question);
+    bool WantsAnotherRecord();
     void Tell(const std::string& text);
 
     SharedState& state_;

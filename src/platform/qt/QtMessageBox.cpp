@@ -20,6 +20,8 @@ Words WordsOf(MessageButtons buttons, bool chinese)
 {
     if (buttons == MessageButtons::YesNo)
         return chinese ? Words{"是", "否"} : Words{"Yes", "No"};
+    if (buttons == MessageButtons::OkIgnore && chinese)
+        return {"确认", "忽略"};
     return chinese ? Words{"确定", "取消"} : Words{"OK", "Cancel"};
 }
 

@@ -105,7 +105,7 @@ QWidget* frmRate::Chart(const Pictures& pictures)
     Picture3_->setGeometry(TrendWidth, laneHeight, CaptionsWidth, TrendHeight);
     auto* unit = new QLabel("bpm", chart);
     style::SetTextSize(*unit, style::SmallPixels);
-    unit->move(style::GridStep / 2, 0);
+    unit->move(0, 0);  // left of the arrow at its first place
     Image2_ = Named(new PictureBox(pictures, "cursor", chart), "Image2");
     Image2_->resize(arrowSize);
     Image2_->setCursor(Qt::SizeHorCursor);

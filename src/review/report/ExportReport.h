@@ -18,7 +18,7 @@ class ReportExporter {
 public:
     virtual ~ReportExporter() = default;
 
-    // Saves the picture of the traces as it is on the screen. False when it could not be written.
+    // Saves the whole picture of the traces, as the screen shows it or a part of it. False when it could not be written.
     virtual bool SavePicture(const std::filesystem::path& bitmap) = 0;
 
     // A printer whose document becomes the file `pdf`.

@@ -32,8 +32,9 @@ std::vector<std::string> RemarkLines(std::string_view bytes)
         if (character == "\r" && rest.starts_with('\n'))
             rest.remove_prefix(1);
         const bool lineEnd = character == "\r" || character == "\n";
+        const bool isControl = static_cast<unsigned char>(character.front()) < ' ';
         if (!lineEnd)
-            line += character;
+            line += isControl ? " " : character;
         if (lineEnd || line.size() >= fullLine)
             endLine();
     }

@@ -17,7 +17,7 @@
 namespace ecg {
 namespace {
 
-constexpr Twin emptyRecord{"该文件是空文件，建议删除该文件", "This file is empty. It is best deleted."};
+constexpr Twin emptyRecord{"该文件是空文件，建议删除该文件", "The File is empty, Please delete it"};
 constexpr Twin unreadableRecord{"无法打开该检查记录。文件可能已被删除。",
                                 "This record cannot be opened. Its file may be gone."};
 constexpr Twin flagRefused{"R波标记没有写入记录文件。请检查磁盘空间和文件的权限。",

@@ -21,13 +21,13 @@ constexpr std::array<SpectrumLayout, 2> spectrumLayouts{SpectrumLayout::DoubleLe
 constexpr std::array<Twin, 2> dftLeads{texts::InputLead, texts::OutputLead};
 constexpr std::array<const char*, 2> dftLeadNames{"DFTLead1", "DFTLead2"};
 constexpr std::array<Twin, 3> displayScales{
-    {{"小比例", "Small Scale"}, {"中比例", "Medium Scale"}, {"大比例", "Large Scale"}}};
+    {{"缩小显示", "Small Scale"}, {"常规显示", "Medium Scale"}, {"放大显示", "Large Scale"}}};
 constexpr std::array<Twin, 2> longLeads{{{"第一长导联", "First Long Lead"}, {"第二长导联", "Second Long Lead"}}};
 constexpr std::array<const char*, 2> longLeadNames{"LongLead1", "LongLead2"};
 constexpr Twin displayScale{"显示比例", "Display Scale"};
 constexpr Twin electricRule{"电子尺", "Electric Rule"};
-constexpr Twin initialPosition{"图形恢复到初始位置", "Picture to Initial Position"};
-constexpr Twin autoInterval{"自动调整间距", "Automatic Interval"};
+constexpr Twin initialPosition{"图片初始位置", "Picture to Initial Position"};
+constexpr Twin autoInterval{"自动间隔调整", "Auto Modify Wave Interval"};
 constexpr Twin calibrationMark{"定标标记", "Calibration Mark"};
 constexpr Twin speed{"走纸速度", "Paper Speed"};
 constexpr Twin gain{"增益", "Gain"};

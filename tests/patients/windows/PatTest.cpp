@@ -202,6 +202,7 @@ TEST_F(PatTest, PickingNeedsAClickOnAWilsonRecordAndLeavesThePatientUnderReview)
     window.close();
     EXPECT_TRUE(window.isVisible()) << "nothing was clicked";
     EXPECT_THAT(messages_.Shown.back().Text, HasSubstr("而且必须点击文件后才有效！！！\n\n"));
+    EXPECT_EQ(messages_.Shown.back().Buttons, MessageButtons::OkIgnore) << "as the text names them";
     ClickRow(window, "PatientTab", 0);
     ClickRow(window, "RecTab", 1);
     window.close();

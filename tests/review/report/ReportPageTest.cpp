@@ -254,6 +254,7 @@ TEST(RemarkLines, EndAtReturnsAndWhenTheyAreFull)
     for (const RemarkCase& tested : cases)
         EXPECT_EQ(RemarkLines(GbkFromUtf8(tested.Text)), tested.Lines) << tested.Text;
     EXPECT_EQ(RemarkLines("ok\xD0"), std::vector<std::string>{"ok"}) << "half a character";
+    EXPECT_EQ(RemarkLines("a\tb"), std::vector<std::string>{"a b"}) << "a tab would reach over the edge";
     EXPECT_EQ(RemarkLines("\xD0   "), std::vector<std::string>{}) << "half a character before the padding";
 }
 

@@ -250,8 +250,8 @@ const std::vector<Twin> captions{
     {"12导同步心电图报告", "ECG Report"}, {"12导频谱心电图报告", "FECG Report"}, {"12导 Q-T离散度报告", "Q-T Analysis"},
     {"心率变异性分析报告", "HRV Report"}, {"12导起搏心电图报告", "PECG Report"}, {"显示比例", "Display Scale"},
     {"诊断输入", "Diagnosis Input"}, {"打印报告", "Print Report"}, {"事件定位", "Event Locate"},
-    {"心率趋势图", "Heart Rate Trend"}, {"小比例", "Small Scale"}, {"电子尺", "Electric Rule"},
-    {"图形恢复到初始位置", "Picture to Initial Position"}, {"12*1对照格式", "12*1 Contrast Form"},
+    {"心率趋势图", "Heart Rate Trend"}, {"缩小显示", "Small Scale"}, {"电子尺", "Electric Rule"},
+    {"图片初始位置", "Picture to Initial Position"}, {"12*1对照格式", "12*1 Contrast Form"},
     {"双导联频谱分析", "Double Lead Frequency Spectrum Analysis"}, {"增加R波标记", "Add a R-Wave Flag"},
     {"删除R波标记", "Delete R-Wave Flag"}, {"输入导联", "Input Lead"}};
 // clang-format on
