@@ -22,8 +22,8 @@ constexpr Twin eventIs{"事件：", "Event: "};
 constexpr Twin timeIs{"时间：", "Time: "};
 constexpr Twin eventNumber{"事件", "Event "};  // as in the list of events
 
-// The clock of events does not carry the month: past its last day the text is "yyyy-mm-d h:m:s" with an impossible day. Here
-// it becomes the date that is meant.
+// The clock of events does not carry the month: past its last day the text is "yyyy-mm-d h:m:s" with an impossible day.
+// Here it becomes the date that is meant.
 std::string CarriedDate(const std::string& clock)
 {
     using namespace std::chrono;

@@ -26,8 +26,8 @@ constexpr int laneHeight = 16;  // pixels, above the curve, where the arrow runs
 constexpr int arrowTop = laneHeight - arrowSize.height();
 constexpr int laneZero = FirstColumn - 1;  // x of the arrow's own zero: its tip comes to the column it reads
 constexpr QSize flagSize(24, 24);
-constexpr int timeWidth = 152;  // pixels: "2026-03-09 08:05:07"
-constexpr int rateWidth = 88;   // pixels: "240 bpm" in large digits
+constexpr int timeWidth = 152;   // pixels: "2026-03-09 08:05:07"
+constexpr int rateWidth = 88;    // pixels: "240 bpm" in large digits
 constexpr int scrollBeats = 25;  // of a step of the scroll bar
 constexpr int closingMs = 100;   // until the window of a record without beats closes
 

@@ -18,7 +18,7 @@ class ReportExporter {
 public:
     virtual ~ReportExporter() = default;
 
-    // Saves the whole picture of the traces, as the screen shows it or a part of it. False when it could not be written.
+    // Saves the whole picture of the traces, of which the screen may show a part. False: it could not be written.
     virtual bool SavePicture(const std::filesystem::path& bitmap) = 0;
 
     // A printer whose document becomes the file `pdf`.
