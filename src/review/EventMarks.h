@@ -11,7 +11,7 @@
 
 namespace ecg {
 
-// The time of a slot of the record: "yyyy/mm/dd hh:mm:ss", also past the end of a month; "" without a time in the header.
+// The time of a slot of the record: "yyyy/mm/dd hh:mm:ss", also past a month's end; "" without a time in the header.
 std::string TimeOfSlot(const RecordHeader& header, std::int32_t slot);
 
 // The start of the examination in the same form.

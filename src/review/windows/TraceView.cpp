@@ -27,7 +27,6 @@ TraceView::TraceView(RecordReview& review, const Pictures& pictures, QWidget* pa
     setMinimumSize(smallest);
 }
 
-// The whole picture at the scale in use, in pixels.
 QSize TraceView::PictureSize() const
 {
     const double width = TraceWidth(review_, OneLine) - ScreenCorner.X + rightMargin;

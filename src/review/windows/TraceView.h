@@ -17,7 +17,10 @@ class TraceView final : public QWidget {
 public:
     TraceView(RecordReview& review, const Pictures& pictures, QWidget* parent);
 
-    // The pixel of the whole picture that stands at the top left; kept inside the picture.
+    // The whole picture at the scale in use, in pixels.
+    QSize PictureSize() const;
+
+    // The pixel of the picture that stands at the top left; kept inside the picture.
     ::QPoint Offset() const { return offset_; }
     void SetOffset(::QPoint offset);
 
@@ -42,7 +45,6 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    QSize PictureSize() const;
     void PlaceMarkers();
     void DrawBack();
     void DrawFore();
