@@ -30,10 +30,16 @@ protected:
         StoreFlags(401200, flags);
     }
 
-    frmRate& Show()
+    frmRate& Open()
     {
         window_ = std::make_unique<frmRate>(State, File, Messages, Drawings, nullptr);
         window_->show();
+        return *window_;
+    }
+
+    frmRate& Show()
+    {
+        Open();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get())) << "keys act in the active window only";
         return *window_;
     }
@@ -141,7 +147,7 @@ TEST_F(RateTest, ExitAndEscapeLeaveTheReviewWhereItIs)
 TEST_F(RateTest, SaysThatARecordHasNoBeatsAndClosesByItself)
 {
     StoreFlags(1000, {700});
-    frmRate& window = Show();
+    frmRate& window = Open();
     ASSERT_EQ(Messages.Shown.size(), 1U);
     EXPECT_EQ(Messages.Shown[0].Text, "选择的文件没有心动周期标志");
     EXPECT_TRUE(QTest::qWaitFor([&window] { return !window.isVisible(); }));
