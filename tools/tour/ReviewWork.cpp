@@ -28,16 +28,14 @@ QByteArray RecordBytes(const ReviewScene& scene)
 }
 
 // The slots in which a record differs from what it was; the header counts as slot 0.
-std::set<std::int32_t> ChangedSlots(const QByteArray& before, const QByteArray& after)
+std::set<std::int64_t> ChangedSlots(const QByteArray& before, const QByteArray& after)
 {
     constexpr qsizetype headerBytes = sizeof(RecordHeader);
-    std::set<std::int32_t> changed;
+    constexpr qsizetype sampleBytes = sizeof(RecordSample);
+    std::set<std::int64_t> changed;
     for (qsizetype i = 0; i < std::min(before.size(), after.size()); ++i)
         if (before[i] != after[i])
-            changed.insert(i < headerBytes
-                               ? 0
-                               : FirstSampleSlot +
-                                     static_cast<std::int32_t>((i - headerBytes) / qsizetype{sizeof(RecordSample)}));
+            changed.insert(i < headerBytes ? 0 : FirstSampleSlot + (i - headerBytes) / sampleBytes);
     return changed;
 }
 

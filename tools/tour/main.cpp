@@ -39,7 +39,8 @@ int FaultMinutes(int argc, char* argv[])
 int main(int argc, char* argv[])
 {
     const int faultMinutes = FaultMinutes(argc, argv);
-    if (argc != 2 && faultMinutes < shortestFaultTour) {
+    const bool toldFolder = argc >= 2 && argv[1][0] != '-';
+    if (!toldFolder || (argc != 2 && faultMinutes < shortestFaultTour)) {
         std::fprintf(stderr, "usage: ecg-tour FOLDER [--faults MINUTES]   (at least %d minutes)\n", shortestFaultTour);
         return 2;
     }
