@@ -201,7 +201,7 @@ void ExaminationControl::ShowRecord(const RecordOutcome& outcome)
         TellOfRecord(outcome);
     if (reviewed)
         windows_.ShowBlocking(WindowName::frmxECG);
-    (reviewed ? state_.WilsonSamples : state_.FrankSamples) = 0;
+    (reviewed ? state_.WilsonSamples : state_.FrankSamples) = 0;  // also when its window could not open
 }
 
 // Says what was recorded, and what of it did not reach the disk.

@@ -47,7 +47,7 @@ private:
     const Pictures& pictures_;
     Mailbox mailbox_;
     RecordReview review_;
-    QPointer<frmxECG> window_;
+    QPointer<frmxECG> window_;  // lives on when it has closed, for it may still be at work then
 };
 
 }  // namespace ecg

@@ -32,12 +32,33 @@ int Part(std::string_view start, std::size_t first, std::size_t count)
     return value;
 }
 
-bool IsDate(std::string_view start, int day)
+// A time of day, and a day counted on from the first of the month that the start lies in.
+struct Moment {
+    int Day;
+    int Hour;
+    int Minute;
+    int Second;
+};
+
+Moment MomentAfter(std::string_view start, std::int32_t position)
+{
+    const int seconds = Part(start, 17, 2) + RoundToInt(position * secondsPerSample);
+    const int minutes = Part(start, 14, 2) + seconds / 60;
+    const int hours = Part(start, 11, 2) + minutes / 60;
+    return {Part(start, 8, 2) + hours / 24, hours % 24, minutes % 60, seconds % 60};
+}
+
+std::chrono::year_month MonthOf(std::string_view start)
 {
     using namespace std::chrono;
-    return year_month_day(year(Part(start, 0, 4)), month(static_cast<unsigned>(Part(start, 5, 2))),
-                          std::chrono::day(static_cast<unsigned>(day)))
-        .ok();
+    return year(Part(start, 0, 4)) / month(static_cast<unsigned>(Part(start, 5, 2)));
+}
+
+std::string Formatted(std::chrono::year_month_day date, const Moment& moment)
+{
+    return FormatZeros(int{date.year()}, 4) + "/" + FormatZeros(unsigned{date.month()}, 2) + "/" +
+           FormatZeros(unsigned{date.day()}, 2) + " " + FormatZeros(moment.Hour, 2) + ":" +
+           FormatZeros(moment.Minute, 2) + ":" + FormatZeros(moment.Second, 2);
 }
 
 }  // namespace
@@ -57,16 +78,21 @@ std::string EventClock(std::string_view start, std::int32_t position)
 {
     if (position < 1 || !IsLaidOut(start))
         return {};
-    const int seconds = Part(start, 17, 2) + RoundToInt(position * secondsPerSample);
-    const int minutes = Part(start, 14, 2) + seconds / 60;
-    const int hours = Part(start, 11, 2) + minutes / 60;
-    const int day = Part(start, 8, 2) + hours / 24;
-    if (IsDate(start, day))
-        return std::string(start.substr(0, 4)) + "/" + std::string(start.substr(5, 2)) + "/" + FormatZeros(day, 2) +
-               " " + FormatZeros(hours % 24, 2) + ":" + FormatZeros(minutes % 60, 2) + ":" +
-               FormatZeros(seconds % 60, 2);
-    return std::string(start.substr(0, 8)) + std::to_string(day) + " " + std::to_string(hours % 24) + ":" +
-           std::to_string(minutes % 60) + ":" + std::to_string(seconds % 60);
+    const Moment moment = MomentAfter(start, position);
+    const auto date = MonthOf(start) / std::chrono::day(static_cast<unsigned>(moment.Day));
+    if (date.ok())
+        return Formatted(date, moment);
+    return std::string(start.substr(0, 8)) + std::to_string(moment.Day) + " " + std::to_string(moment.Hour) + ":" +
+           std::to_string(moment.Minute) + ":" + std::to_string(moment.Second);
+}
+
+std::string DatedClock(std::string_view start, std::int32_t position)
+{
+    using namespace std::chrono;
+    if (position < 1 || !IsLaidOut(start) || !MonthOf(start).ok())
+        return EventClock(start, position);
+    const Moment moment = MomentAfter(start, position);
+    return Formatted(sys_days(MonthOf(start) / day(1)) + days(moment.Day - 1), moment);
 }
 
 }  // namespace ecg

@@ -16,4 +16,8 @@ std::string LaidOutTime(std::string_view start);
 // A position below 1, or a start that is not laid out, gives "".
 std::string EventClock(std::string_view start, std::int32_t position);
 
+// The same with the month carried, so that every moment has its true date. Only a start whose month is none gives the
+// unformatted text.
+std::string DatedClock(std::string_view start, std::int32_t position);
+
 }  // namespace ecg

@@ -108,8 +108,8 @@ void Mailbox::TakeUpRecord()
     messages_.Tell("[" + header.Name.Text() + cameBack.In(state_.SysInfo), labels::Program.In(state_.SysInfo));
 }
 
-// The header of a record in review is written back when its window closes, and must not bring back the former doctor, nor
-// undo what the centre has written. View and scale stay those of the review.
+// The header of a record in review is written back when its window closes, and must not bring back the former doctor,
+// nor undo what the centre has written. View and scale stay those of the review.
 void Mailbox::MarkRecordInReview(const RecordHeader& header)
 {
     const bool sameFile = state_.Folders.File(state_.RecordPath) == state_.Folders.File(state_.MailBox.CommFile.Text());

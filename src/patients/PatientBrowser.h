@@ -30,8 +30,8 @@ public:
     bool HasComparison() const;
     void ForgetComparison() { comparePath_.clear(); }
 
-    // The window closes. Picking, it leaves the record to compare with, or "Cancel", in the shared state, and selects the
-    // patient under review again.
+    // The window closes. Picking, it leaves the record to compare with, or "Cancel", in the shared state, and selects
+    // the patient under review again.
     void Leave() const;
 
 private:

@@ -8,7 +8,7 @@ namespace ecg {
 enum class MessageButtons {
     Ok,
     OkCancel,
-    OkIgnore,  // for texts that speak of "忽略" (ignore) where Chinese has "取消" otherwise; in English the same as `OkCancel`
+    OkIgnore,  // `OkCancel` whose Chinese button is "忽略" (ignore), for texts that speak of it
     YesNo
 };
 

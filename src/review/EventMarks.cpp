@@ -2,13 +2,10 @@
 
 #include "core/EventClock.h"
 #include "core/Language.h"
-#include "core/Numbers.h"
 #include "core/formats/RecordSample.h"
 #include "review/TraceDrawing.h"
 
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
 #include <optional>
 
 namespace ecg {
@@ -21,29 +18,6 @@ constexpr double wordsDepth = 20;  // mm of the traces that words may lie under
 constexpr Twin eventIs{"事件：", "Event: "};
 constexpr Twin timeIs{"时间：", "Time: "};
 constexpr Twin eventNumber{"事件", "Event "};  // as in the list of events
-
-// The clock of events does not carry the month: past its last day the text is "yyyy-mm-d h:m:s" with an impossible day.
-// Here it becomes the date that is meant.
-std::string CarriedDate(const std::string& clock)
-{
-    using namespace std::chrono;
-    int yearNumber = 0;
-    unsigned monthNumber = 0;
-    int dayNumber = 0;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    if (std::sscanf(clock.c_str(), "%d-%u-%d %d:%d:%d", &yearNumber, &monthNumber, &dayNumber, &hour, &minute,
-                    &second) != 6)
-        return clock;
-    const year_month_day first{year(yearNumber), month(monthNumber), day(1)};
-    if (!first.ok())
-        return WrittenTime(clock);
-    const year_month_day date{sys_days(first) + days(dayNumber - 1)};
-    return std::to_string(int{date.year()}) + "/" + FormatZeros(unsigned{date.month()}, 2) + "/" +
-           FormatZeros(unsigned{date.day()}, 2) + " " + FormatZeros(hour, 2) + ":" + FormatZeros(minute, 2) + ":" +
-           FormatZeros(second, 2);
-}
 
 // The places that are taken, and where the next mark may stand.
 class Places {
@@ -107,8 +81,8 @@ std::string TimeOfSlot(const RecordHeader& header, std::int32_t slot)
 {
     if (slot <= FirstSampleSlot)
         return ExamTimeText(header);
-    return CarriedDate(
-        EventClock(LaidOutTime(header.ExamTime.Text()), slot - static_cast<std::int32_t>(FirstSampleSlot)));
+    return WrittenTime(
+        DatedClock(LaidOutTime(header.ExamTime.Text()), slot - static_cast<std::int32_t>(FirstSampleSlot)));
 }
 
 std::vector<Rect> DrawEventMarks(Surface& page, const StripLayout& layout, const RecordHeader& header,

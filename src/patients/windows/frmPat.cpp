@@ -73,7 +73,7 @@ frmPat::frmPat(SharedState& state, AboutPat& database, WindowOpener& windows, Me
 {
     setObjectName("frmPat");
     setWindowTitle(windowTitleText.In(state_.SysInfo));
-    // The review that asks for a record takes no input meanwhile, and neither does any other window.
+    // The review that asks for a record is application modal: only a window that is so too takes input over it.
     if (browser_.Picking())
         setWindowModality(Qt::ApplicationModal);
     LayOut();
@@ -254,8 +254,8 @@ void frmPat::OpenRecord()
         Tell(labels::NotInThisVersion.In(state_.SysInfo));
 }
 
-// The header is written back also when nothing was changed, and the grid shows the old words until the patient is chosen
-// again: both are meant.
+// The header is written back also when nothing was changed, and the grid shows the old words until the patient is
+// chosen again: both are meant.
 void frmPat::ChangeClass()
 {
     const auto file = database_.RecordFile(RecTab_->CurrentRow());

@@ -1,15 +1,15 @@
 // The window in front.
 #pragma once
 
-#include <QPointer>
 #include <QWidget>
 
 namespace ecg {
 
-// Called when a window closes: not every window system gives the front back to the one behind, and the trace waits for it.
-inline void GiveFrontTo(const QPointer<QWidget>& behind)
+// Called when a window closes, with the one behind it or null: not every window system gives the front back by itself,
+// and the trace waits for it.
+inline void GiveFrontTo(QWidget* behind)
 {
-    if (behind)
+    if (behind != nullptr)
         behind->activateWindow();
 }
 
